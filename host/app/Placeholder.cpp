@@ -1,0 +1,2 @@
+// The host application.
+int placeholder_app = 0;

@@ -1,0 +1,2 @@
+// Raster images.
+namespace pix { int placeholder_pix = 0; }

@@ -1,0 +1,38 @@
+#pragma once
+// Mementos: a reference-counted snapshot of an object's state, taken with
+// CreateMemento and put back with SetMemento.
+#include "RefCounter.h"
+
+namespace ulo {
+
+class IMemento : public IRefCounter {
+public:
+    /// Bytes held by the snapshot, for the undo list's memory accounting.
+    virtual unsigned GetMemSize() const { return sizeof(*this); }
+
+protected:
+    IMemento() = default;
+};
+
+class IMementable {
+public:
+    virtual ~IMementable() = default;
+    /// A new memento holding one reference for the caller.
+    virtual IMemento* CreateMemento() const = 0;
+    virtual bool HasChanged(const IMemento* memento) const = 0;
+    void SetMemento(IMemento* memento) { OnSetMemento(memento); }
+
+protected:
+    virtual void OnSetMemento(IMemento* memento) = 0;
+};
+
+/// A memento that stores a copy of a value type.
+template <class State>
+class CValueMemento : public IMemento {
+public:
+    explicit CValueMemento(State state) : state(std::move(state)) {}
+    unsigned GetMemSize() const override { return sizeof(*this); }
+    State state;
+};
+
+}  // namespace ulo

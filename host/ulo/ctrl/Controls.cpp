@@ -1,0 +1,196 @@
+#include "Controls.h"
+
+#include <QFocusEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "Win.h"
+
+namespace ulo {
+
+QColor ColorFromRef(GColorRef ref) {
+    return QColor(int(ref & 0xFF), int((ref >> 8) & 0xFF), int((ref >> 16) & 0xFF));
+}
+
+GColorRef RefFromColor(const QColor& c) {
+    return GColorRef(c.red()) | (GColorRef(c.green()) << 8) | (GColorRef(c.blue()) << 16);
+}
+
+unsigned GetDlgCtrlID(const QWidget* widget) {
+    return widget ? widget->property(kCtrlIdProperty).toUInt() : 0;
+}
+
+QWidget* FindControl(const QWidget* window, unsigned id) {
+    if (!window) return nullptr;
+    const auto children = window->findChildren<QWidget*>();
+    for (QWidget* w : children)
+        if (GetDlgCtrlID(w) == id) return w;
+    return nullptr;
+}
+
+// ---------------------------------------------------------------- CColButton
+
+namespace {
+QColor schemeColor(int scheme, bool text) {
+    switch (scheme) {
+        case 0: return text ? QColor(0x10, 0x3c, 0x8c) : QColor(0xdc, 0xe8, 0xf8);
+        case 1: return text ? QColor(0x40, 0x40, 0x40) : QColor(0x90, 0x90, 0x90);
+        case 3: return text ? QColor(0x20, 0x20, 0x20) : QColor(0xd8, 0xd8, 0xd8);
+        default: return text ? QColor(0x20, 0x20, 0x20) : QColor(0xff, 0xff, 0xff);
+    }
+}
+}  // namespace
+
+CColButton::CColButton(QWidget* parent) : QPushButton(parent) { setAutoDefault(false); }
+
+void CColButton::SetBtnColor(int textScheme, int backScheme) {
+    text_ = textScheme;
+    back_ = backScheme;
+    const QColor fg = schemeColor(textScheme, true);
+    const QColor bg = schemeColor(backScheme, false);
+    setStyleSheet(QStringLiteral("QPushButton { color: %1; background-color: %2; border: 1px solid "
+                                 "#8a94a6; border-radius: 3px; padding: 1px 4px; }"
+                                 "QPushButton:pressed { background-color: %3; }"
+                                 "QPushButton:disabled { color: #9a9a9a; }")
+                      .arg(fg.name(), bg.name(), bg.darker(115).name()));
+}
+
+void CColButton::SetImageList(const QPixmap& image) {
+    setIcon(QIcon(image));
+    setIconSize(image.size());
+}
+
+void CColButton::SetIconOnlyState(bool iconOnly) {
+    if (iconOnly) setText(QString());
+    setFlat(iconOnly);
+}
+
+// ----------------------------------------------------------- keyboard edits
+
+CCEBaseKeybEdit::CCEBaseKeybEdit(QWidget* parent) : QLineEdit(parent) {}
+
+void CCEBaseKeybEdit::SetKeyb(void* keyboard) {
+    const bool takenAway = keyboard_ && !keyboard;
+    keyboard_ = keyboard;
+    if (takenAway) Q_EMIT keyboardTakenAway();
+}
+
+void CCEBaseKeybEdit::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    static int onScreenKeyboard;  // stands for the keyboard window of a touch device
+    SetKeyb(&onScreenKeyboard);
+}
+
+void CCEBaseKeybEdit::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (keyboard_) SetKeyb(nullptr);
+}
+
+void CCEBaseKeybEdit::keyPressEvent(QKeyEvent* event) {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && keyboard_) {
+        SetKeyb(nullptr);
+        event->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+CCEEditKeybNum::CCEEditKeybNum(QWidget* parent) : CCEBaseKeybEdit(parent) {
+    setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+}
+
+CCEEditKeybTxt::CCEEditKeybTxt(QWidget* parent) : CCEBaseKeybEdit(parent) {
+    setInputMethodHints(Qt::ImhNoPredictiveText);
+}
+
+// --------------------------------------------------------------------- combo
+
+CCEBaseKeybCombo::CCEBaseKeybCombo(QWidget* parent) : QComboBox(parent) {
+    connect(this, &QComboBox::activated, this, &CCEBaseKeybCombo::selEndOk);
+}
+
+int CCEBaseKeybCombo::AddString(const QString& text, quintptr data) {
+    int index = count();
+    if (sorted_) {
+        index = 0;
+        while (index < count() && QString::localeAwareCompare(itemText(index), text) <= 0) ++index;
+    }
+    insertItem(index, text, QVariant::fromValue<quintptr>(data));
+    return index;
+}
+
+quintptr CCEBaseKeybCombo::GetItemDataAt(int index) const {
+    return (index >= 0 && index < count()) ? itemData(index).value<quintptr>() : 0;
+}
+
+int CCEBaseKeybCombo::FindItemData(quintptr data) const {
+    for (int i = 0; i < count(); ++i)
+        if (GetItemDataAt(i) == data) return i;
+    return -1;
+}
+
+// -------------------------------------------------------------- colour static
+
+CColorStatic::CColorStatic(QWidget* parent, GColorRef color) : QFrame(parent), color_(color) {}
+
+void CColorStatic::SetColor(GColorRef color) {
+    if (color == color_) return;
+    color_ = color;
+    update();
+}
+
+void CColorStatic::paintEvent(QPaintEvent* event) {
+    QFrame::paintEvent(event);
+    QPainter p(this);
+    p.fillRect(contentsRect(), ColorFromRef(color_));
+}
+
+// ---------------------------------------------------------------------- grid
+
+CCEMSGridCtrl::CCEMSGridCtrl(int rows, int columns, QWidget* parent)
+    : QTableWidget(rows, columns, parent) {
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+}
+
+int CCEMSGridCtrl::AddRow() {
+    const int row = rowCount();
+    insertRow(row);
+    for (int c = 0; c < columnCount(); ++c) setItem(row, c, new QTableWidgetItem());
+    if (columnCount() > 0) {
+        item(row, 0)->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+        item(row, 0)->setCheckState(Qt::Unchecked);
+    }
+    return row;
+}
+
+void CCEMSGridCtrl::DeleteRow(int row) { removeRow(row); }
+
+void CCEMSGridCtrl::SetCheck(int row, bool checked) {
+    if (auto* it = item(row, 0)) it->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
+}
+
+bool CCEMSGridCtrl::GetCheck(int row) const {
+    const auto* it = item(row, 0);
+    return it && it->checkState() == Qt::Checked;
+}
+
+void CCEMSGridCtrl::ToggleCheck(int row) { SetCheck(row, !GetCheck(row)); }
+
+void CCEMSGridCtrl::SetItemPtr(int row, quintptr data) {
+    if (auto* it = item(row, 0)) it->setData(Qt::UserRole, QVariant::fromValue<quintptr>(data));
+}
+
+quintptr CCEMSGridCtrl::GetItemPtr(int row) const {
+    const auto* it = item(row, 0);
+    return it ? it->data(Qt::UserRole).value<quintptr>() : 0;
+}
+
+void CCEMSGridCtrl::SetCellText(int row, int column, const QString& text) {
+    if (auto* it = item(row, column)) it->setText(text);
+}
+
+}  // namespace ulo

@@ -1,0 +1,163 @@
+#pragma once
+// Controls of the toolkit, on Qt widgets. Every control carries its id
+// (property kCtrlIdProperty) so code and tests find it by id.
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+
+#include "ulo/WString.h"
+
+namespace ulo {
+
+/// 32-bit colour 0x00BBGGRR.
+using GColorRef = std::uint32_t;
+QColor ColorFromRef(GColorRef ref);
+GColorRef RefFromColor(const QColor& color);
+
+/// Push button drawn in one of the toolkit's colour schemes.
+///
+/// Scheme indices (text, background): 0 dark blue, 1 dark grey, 2 white,
+/// 3 light grey. OK and Cancel use (0, 2): blue text on white; other buttons
+/// (2, 2) use the neutral white face with dark text; (2, 3) a grey face.
+class CColButton : public QPushButton {
+    Q_OBJECT
+public:
+    explicit CColButton(QWidget* parent = nullptr);
+    void SetBtnColor(int textScheme, int backScheme);
+    int GetTextScheme() const { return text_; }
+    int GetBackScheme() const { return back_; }
+    void SetImageList(const QPixmap& image);
+    void SetIconOnlyState(bool iconOnly);
+
+private:
+    int text_ = -1;
+    int back_ = -1;
+};
+
+/// Check box of the toolkit.
+class CCEBaseButton : public QCheckBox {
+    Q_OBJECT
+public:
+    using QCheckBox::QCheckBox;
+};
+
+/// Radio button of the toolkit; buttons from one with kGroupStart to the next
+/// form an exclusive group.
+class CCERadioButton : public QRadioButton {
+    Q_OBJECT
+public:
+    using QRadioButton::QRadioButton;
+};
+
+/// Edit that brings up the on-screen keyboard while it has the focus.
+/// SetKeyb(non-null) is called when the keyboard comes up (focus in);
+/// SetKeyb(nullptr) when it is taken away, which ends the edit: on focus loss
+/// and when Return is pressed.
+class CCEBaseKeybEdit : public QLineEdit {
+    Q_OBJECT
+public:
+    explicit CCEBaseKeybEdit(QWidget* parent = nullptr);
+    virtual void SetKeyb(void* keyboard);
+    bool HasKeyb() const { return keyboard_ != nullptr; }
+
+Q_SIGNALS:
+    /// The keyboard was taken away: the user has left the edit.
+    void keyboardTakenAway();
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void* keyboard_ = nullptr;
+};
+
+/// Number entry: numeric keyboard hints.
+class CCEEditKeybNum : public CCEBaseKeybEdit {
+    Q_OBJECT
+public:
+    explicit CCEEditKeybNum(QWidget* parent = nullptr);
+};
+
+/// Text entry.
+class CCEEditKeybTxt : public CCEBaseKeybEdit {
+    Q_OBJECT
+public:
+    explicit CCEEditKeybTxt(QWidget* parent = nullptr);
+};
+
+/// Drop-down list with a pointer-sized item data per entry.
+class CCEBaseKeybCombo : public QComboBox {
+    Q_OBJECT
+public:
+    explicit CCEBaseKeybCombo(QWidget* parent = nullptr);
+    /// Appends (or, when sorted, inserts in order) and returns the index.
+    int AddString(const QString& text, quintptr data = 0);
+    quintptr GetItemDataAt(int index) const;
+    template <class T>
+    T* GetItemPtr(int index) const {
+        return reinterpret_cast<T*>(GetItemDataAt(index));
+    }
+    int FindItemData(quintptr data) const;
+    void SetSorted(bool sorted) { sorted_ = sorted; }
+
+Q_SIGNALS:
+    /// The user ended a selection (the classic "selection ended OK").
+    void selEndOk(int index);
+
+private:
+    bool sorted_ = false;
+};
+
+/// A static that paints its client area in one colour.
+class CColorStatic : public QFrame {
+    Q_OBJECT
+public:
+    explicit CColorStatic(QWidget* parent = nullptr, GColorRef color = 0);
+    void SetColor(GColorRef color);
+    GColorRef GetColor() const { return color_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    GColorRef color_;
+};
+
+/// Grid of rows with a check box column (column 1) and text columns.
+class CCEMSGridCtrl : public QTableWidget {
+    Q_OBJECT
+public:
+    CCEMSGridCtrl(int rows, int columns, QWidget* parent = nullptr);
+    void SetAutoAddRows(bool on) { autoAdd_ = on; }
+    int AddRow();
+    void DeleteRow(int row);
+    void SetCheck(int row, bool checked);
+    bool GetCheck(int row) const;
+    void SetItemPtr(int row, quintptr data);
+    quintptr GetItemPtr(int row) const;
+    void SetCellText(int row, int column, const QString& text);
+    /// Toggles the check box of @p row as a tap on it does.
+    void ToggleCheck(int row);
+
+private:
+    bool autoAdd_ = true;
+};
+
+}  // namespace ulo
+
+using ulo::CCEBaseButton;
+using ulo::CCEBaseKeybCombo;
+using ulo::CCEBaseKeybEdit;
+using ulo::CCEEditKeybNum;
+using ulo::CCEEditKeybTxt;
+using ulo::CCEMSGridCtrl;
+using ulo::CColButton;
+using ulo::CColorStatic;

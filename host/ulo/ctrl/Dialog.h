@@ -1,0 +1,135 @@
+#pragma once
+// Dialog bases of the toolkit. A dialog is built from a template of the
+// current resource module (the variant id it was constructed with), runs
+// modally with DoModal and ends with an integer code (IDOK 1, IDCANCEL 2, or
+// any other code given to EndDialog).
+#include <QDialog>
+#include <QPointer>
+
+#include "Controls.h"
+#include "Win.h"
+#include "ulo/DialogTemplate.h"
+#include "ulo/WString.h"
+
+namespace ulo {
+
+/// Converts dialog units to pixels for the dialog font.
+class CDialogUnits {
+public:
+    explicit CDialogUnits(const QFont& font);
+    int X(int du) const;
+    int Y(int du) const;
+    QRect Rect(const DlgRect& r) const;
+
+private:
+    int baseX_;
+    int baseY_;
+};
+
+/// The font of a template (its name and size, through the font substitutions
+/// the toolkit installs for names this platform lacks).
+QFont DialogFont(const DialogTemplate& t);
+
+class CWSizeDialog : public QDialog {
+    Q_OBJECT
+public:
+    CWSizeDialog(unsigned templateId, CWnd* parent);
+    ~CWSizeDialog() override;
+
+    /// Builds the dialog, calls OnInitDialog and runs the modal loop. Returns
+    /// the end code, or -1 when the template does not exist.
+    virtual INT_PTR DoModal();
+    /// Builds the dialog as a child window of @p parent (pages of a container).
+    bool Create(unsigned templateId, CWnd* parent);
+
+    unsigned GetTemplateId() const { return templateId_; }
+    int GetLayoutVariant() const { return variant_; }
+    const DialogTemplate* GetTemplate() const { return template_; }
+    bool IsBuilt() const { return built_; }
+
+    QWidget* GetDlgItem(unsigned id) const;
+    template <class T>
+    T* GetDlgItem(unsigned id) const {
+        return qobject_cast<T*>(GetDlgItem(id));
+    }
+    QString GetDlgItemText(unsigned id) const;
+    void SetDlgItemText(unsigned id, const QString& text);
+    void EnableDlgItem(unsigned id, bool enable);
+    bool IsDlgButtonChecked(unsigned id) const;
+    void CheckDlgButton(unsigned id, bool checked);
+    /// Checks @p id and clears the other buttons of first..last.
+    void CheckRadioButton(unsigned first, unsigned last, unsigned id);
+    /// The checked button of first..last, or 0.
+    unsigned GetCheckedRadioButton(unsigned first, unsigned last) const;
+
+    /// Ends the modal loop with @p code.
+    void EndDialog(int code);
+    QRect GetClientRect() const { return rect(); }
+    const CDialogUnits& Units() const { return *units_; }
+
+    /// Sends a command id as a button click or menu command would.
+    void SendCommand(unsigned id) { OnCommand(id); }
+
+protected:
+    virtual BOOL OnInitDialog();
+    /// Standard OK: ends with IDOK.
+    virtual void OnOK();
+    /// Standard Cancel: ends with IDCANCEL.
+    virtual void OnCancel();
+    /// A command from a control (button click) or the help key. Returns true
+    /// when handled. The default routes the OK and Cancel ids to OnOK and
+    /// OnCancel and passes ID_HELP to the host's help.
+    virtual bool OnCommand(unsigned id);
+    /// Lets a dialog build its own widget for a control; null builds the
+    /// toolkit's widget for the control's kind.
+    virtual QWidget* CreateCustomControl(const CtrlTemplate& ctrl, QWidget* parent);
+    /// Ids that act as OK and Cancel (default 1 and 2).
+    void SetOkCancelIds(unsigned okId, unsigned cancelId);
+
+    void reject() override;
+    void accept() override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+    /// Geometry (pixels, parent client coordinates) for a child page; set by
+    /// CExDialog::SetWindowedMode before Create.
+    QRect childGeometry_;
+    bool childMode_ = false;
+
+private:
+    bool Build(CWnd* parent, bool child);
+    QWidget* BuildControl(const CtrlTemplate& ctrl, int variant);
+
+    unsigned templateId_;
+    const DialogTemplate* template_ = nullptr;
+    int variant_ = 0;
+    bool built_ = false;
+    unsigned okId_ = IDOK;
+    unsigned cancelId_ = IDCANCEL;
+    std::unique_ptr<CDialogUnits> units_;
+};
+
+class CExDialog : public CWSizeDialog {
+    Q_OBJECT
+public:
+    CExDialog(unsigned templateId, CWnd* parent) : CWSizeDialog(templateId, parent) {}
+
+    /// Page hooks of a container: fill the page (SetActive) or write it back
+    /// (KillActive).
+    virtual void SetActive() {}
+    virtual void KillActive() {}
+    /// Prepares creation as a child page placed at (left, top, width, height).
+    void SetWindowedMode(bool windowed, bool child, int left, int top, int width, int height);
+};
+
+/// The host's handling of the help command (ID_HELP) that a dialog does not
+/// catch; the default does nothing.
+void SetHelpCommandHandler(std::function<void(QWidget* dialog)> handler);
+void InvokeHelpCommand(QWidget* dialog);
+
+/// Fixed, translated font family substitutions for template fonts.
+void InstallDialogFontSubstitutions();
+
+}  // namespace ulo
+
+using ulo::CExDialog;
+using ulo::CWSizeDialog;

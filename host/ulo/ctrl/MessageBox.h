@@ -1,0 +1,37 @@
+#pragma once
+// Message boxes, the beep, the open-file dialog and support bitmaps: one
+// function each, so a host or a test can observe and answer them.
+#include <QPixmap>
+#include <functional>
+
+#include "Win.h"
+#include "ulo/WString.h"
+
+class QMessageBox;
+class QFileDialog;
+
+namespace ulo {
+
+/// Modal message box; returns the id of the button pressed (IDOK, IDCANCEL,
+/// IDYES, IDNO). Flags: MB_OK, MB_YESNO, MB_YESNOCANCEL with an icon bit.
+/// The box carries the dynamic properties "veldCaption", "veldText" and
+/// "veldFlags".
+int CreateMessageBox(CWnd* owner, const WString& caption, const WString& text, unsigned flags);
+/// The owner window's own message box: the text comes first.
+int MessageBox(CWnd* owner, const WString& text, const WString& caption, unsigned flags);
+
+/// Sounds the system beep of @p type (MB_ICONEXCLAMATION, ...).
+void MessageBeep(unsigned type);
+/// Observers of beeps (tests record them); returns an id for removal.
+int AddBeepListener(std::function<void(unsigned type)> listener);
+void RemoveBeepListener(int id);
+
+/// The system open-file dialog. @p filter is "Label|*.ext" pairs joined by '|'.
+/// Returns true with the chosen path, false when cancelled.
+bool GetOpenFileName(CWnd* owner, const WString& title, const WString& filter,
+                     const WString& initialFolder, WString& path);
+
+/// Loads a bitmap of the host's support folder (null pixmap when missing).
+QPixmap LoadASupportBmp(const WString& name);
+
+}  // namespace ulo

@@ -1,0 +1,2 @@
+// The drawing model library.
+namespace veld { int placeholder_model = 0; }

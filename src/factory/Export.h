@@ -1,0 +1,3 @@
+#pragma once
+// Symbols the library exports; everything else stays hidden.
+#define VELD5_EXPORT __attribute__((visibility("default")))
