@@ -1,0 +1,79 @@
+// Special folders, string loading and the message box answers.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+
+#include "ulo/ResourceModule.h"
+#include "ulo/SpecialFolder.h"
+#include "ulo/ctrl/MessageBox.h"
+
+using ulo::WString;
+
+TEST(SpecialFolder, SupportPathsAcceptBackslashes) {
+    const QByteArray saved = qgetenv("VELD_SUPPORT_DIR");
+    qputenv("VELD_SUPPORT_DIR", "/opt/veld/support");
+    struct {
+        const wchar_t *sub, *path;
+    } const rows[] = {{L"support\\veld.lin", L"/opt/veld/support/veld.lin"},
+                      {L"Support\\veld.lin", L"/opt/veld/support/veld.lin"},
+                      {L"bitmaps\\Font.bmp", L"/opt/veld/support/bitmaps/Font.bmp"},
+                      {L"Font_TT.bmp", L"/opt/veld/support/Font_TT.bmp"},
+                      {L"", L"/opt/veld/support"}};
+    for (const auto& r : rows) {
+        WString path;
+        EXPECT_TRUE(ulo::FGetSpecialFolderPathAndSubDir(1, r.sub, path));
+        EXPECT_EQ(path, r.path);
+    }
+    WString path(L"x");
+    EXPECT_FALSE(ulo::FGetSpecialFolderPathAndSubDir(7, L"a", path));
+    EXPECT_TRUE(path.IsEmpty());
+    qputenv("VELD_SUPPORT_DIR", saved);
+}
+
+TEST(SpecialFolder, FolderPartOfAPath) {
+    EXPECT_EQ(ulo::EstraiIlPathFile(L"/a/b/veld.lin"), L"/a/b/");
+    EXPECT_EQ(ulo::EstraiIlPathFile(L"C:\\x\\y.lin"), L"C:\\x\\");
+    EXPECT_EQ(ulo::EstraiIlPathFile(L"plain.lin"), L"");
+}
+
+TEST(StringLoader, LengthsAndTruncatedCopies) {
+    static const ulo::StringEntry strings[] = {{10, L"Ten"}, {11556, L"Warning"}};
+    const ulo::CResourceModule module("test", strings, {});
+    ulo::CStringLoader loader;
+    EXPECT_EQ(loader.GetStringLength(10), 0u);  // not initialised
+    loader.Init(&module);
+    EXPECT_EQ(loader.GetStringLength(11556), 7u);
+    EXPECT_EQ(loader.GetStringLength(12), 0u);
+    wchar_t buffer[5];
+    EXPECT_EQ(loader.LoadStr(11556, buffer, 5), 4u);
+    EXPECT_EQ(WString(buffer), L"Warn");
+    EXPECT_EQ(loader.LoadStr(12, buffer, 5), 0u);
+    EXPECT_EQ(WString(buffer), L"");
+}
+
+TEST(MessageBoxes, FlagsGiveTheirButtonsAndAnswers) {
+    struct {
+        unsigned flags;
+        QMessageBox::StandardButton press;
+        int answer;
+    } const rows[] = {{48, QMessageBox::Ok, ulo::IDOK},
+                      {36, QMessageBox::Yes, ulo::IDYES},
+                      {36, QMessageBox::No, ulo::IDNO},
+                      {35, QMessageBox::Cancel, ulo::IDCANCEL},
+                      {35, QMessageBox::NoButton, ulo::IDCANCEL}};  // closed with Escape
+    for (const auto& r : rows) {
+        QTimer::singleShot(0, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_EQ(box->property("veldFlags").toUInt(), r.flags);
+            if (r.press == QMessageBox::NoButton)
+                box->reject();
+            else
+                box->button(r.press)->click();
+        });
+        EXPECT_EQ(ulo::CreateMessageBox(nullptr, L"Warning", L"Text", r.flags), r.answer);
+    }
+}
