@@ -34,7 +34,8 @@ int CPalmDevice::GetLayoutVariant() {
                                 ? QGuiApplication::primaryScreen()
                                 : nullptr;
     if (!screen) return 0;
-    const QRect r = screen->availableGeometry();
+    QRect r = screen->availableGeometry();
+    if (r.isEmpty()) r = screen->geometry();
     return LayoutForScreen(r.width(), r.height());
 }
 

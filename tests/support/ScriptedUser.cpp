@@ -1,5 +1,7 @@
 #include "ScriptedUser.h"
 
+#include <algorithm>
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
@@ -390,6 +392,12 @@ void ScriptedUser::NoteWindow(QWidget* window) {
     if (window == lastWindow_) return;
     lastWindow_ = window;
     if (kindOf(window) != WindowKind::Dialog) return;
+    // A dialog seen again after a message box closed is not a new one.
+    seen_.erase(std::remove_if(seen_.begin(), seen_.end(),
+                               [](const QPointer<QWidget>& p) { return p.isNull(); }),
+                seen_.end());
+    if (std::find(seen_.begin(), seen_.end(), window) != seen_.end()) return;
+    seen_.push_back(window);
     DialogRecord r;
     r.title = window->windowTitle();
     r.templateId = window->property("veldBaseId").toUInt();

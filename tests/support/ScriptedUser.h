@@ -115,6 +115,7 @@ private:
     int idleMs_ = 0;
     bool closing_ = false;
     QPointer<QWidget> lastWindow_;
+    std::vector<QPointer<QWidget>> seen_;
     bool stopped_ = false;  ///< no ticks (a helper that runs one step itself)
 };
 

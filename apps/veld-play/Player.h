@@ -1,0 +1,56 @@
+#pragma once
+// Runs a parsed script: top-level statements, and for each "call" the
+// operation with its scripted steps, printing one JSON object a line.
+#include <QJsonObject>
+#include <QMap>
+#include <QTextStream>
+#include <functional>
+
+#include "ScriptParser.h"
+
+class IVELDDlgFactory;
+class QWidget;
+
+namespace veldplay {
+
+class PlayHost;
+
+/// What an operation receives: its arguments (NAME=VALUE) and where to put
+/// its out-parameters.
+struct OperationCall {
+    IVELDDlgFactory* factory = nullptr;
+    PlayHost* host = nullptr;
+    QMap<QString, QString> args;
+    QJsonObject out;  ///< out-parameters reported with the return event
+    QString error;    ///< set when the arguments are wrong
+
+    double Number(const QString& name, double fallback) const;
+    bool Flag(const QString& name, bool fallback) const;
+    QString Text(const QString& name, const QString& fallback) const;
+};
+
+/// One factory operation of the player: returns the operation's result.
+using Operation = std::function<QJsonValue(OperationCall&)>;
+/// The operations by name (the factory's operation names).
+const QMap<QString, Operation>& Operations();
+
+class Player {
+public:
+    Player(IVELDDlgFactory* factory, PlayHost* host, QTextStream& out);
+    /// Runs the script; returns the number of errors.
+    int Run(const QString& script);
+
+private:
+    void Print(const QJsonObject& event);
+    void Error(int line, const QString& message);
+    /// Runs statements [first, last) as the steps of one call.
+    void Call(const Statement& call, const std::vector<Statement>& steps);
+    bool TopLevel(const Statement& s);
+
+    IVELDDlgFactory* factory_;
+    PlayHost* host_;
+    QTextStream& out_;
+    int errors_ = 0;
+};
+
+}  // namespace veldplay

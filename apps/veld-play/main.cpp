@@ -1,0 +1,84 @@
+// veld-play: replays a scripted user session against the dialog factory and
+// prints what happened as JSON lines. Always headless.
+#include <QApplication>
+#include <QFile>
+#include <QTextStream>
+#include <cstdio>
+#include <iostream>
+
+#include "DrawingHost.h"
+#include "Player.h"
+#include "factory/IVELDDlgFactory.h"
+#include "ulo/PalmDevice.h"
+
+namespace {
+const char* kUsage =
+    "usage: veld-play [--drawing FILE | --sample] [--layout 0..3] [--password TEXT] SCRIPT\n"
+    "  SCRIPT is a file of statements, or - for standard input (see docs/veld-play.md)\n";
+}
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    QStringList args = app.arguments();
+    args.removeFirst();
+    QString drawing, password, scriptPath;
+    bool sample = false;
+    int layout = -1;
+    for (int i = 0; i < args.size(); ++i) {
+        const QString a = args[i];
+        const auto next = [&](QString& into) {
+            if (i + 1 >= args.size()) return false;
+            into = args[++i];
+            return true;
+        };
+        QString v;
+        if (a == QLatin1String("--help") || a == QLatin1String("-h")) {
+            std::cout << kUsage;
+            return 0;
+        } else if (a == QLatin1String("--drawing")) {
+            if (!next(drawing)) return std::cerr << kUsage, 2;
+        } else if (a == QLatin1String("--sample")) {
+            sample = true;
+        } else if (a == QLatin1String("--password")) {
+            if (!next(password)) return std::cerr << kUsage, 2;
+        } else if (a == QLatin1String("--layout")) {
+            bool ok = false;
+            if (!next(v) || (layout = v.toInt(&ok), !ok) || layout < 0 || layout > 3)
+                return std::cerr << "veld-play: --layout needs 0..3\n", 2;
+        } else if (scriptPath.isEmpty() && (a == QLatin1String("-") || !a.startsWith(QLatin1Char('-')))) {
+            scriptPath = a;
+        } else {
+            std::cerr << "veld-play: unknown argument " << a.toStdString() << "\n" << kUsage;
+            return 2;
+        }
+    }
+    if (scriptPath.isEmpty()) return std::cerr << kUsage, 2;
+    if (!drawing.isEmpty() && sample)
+        return std::cerr << "veld-play: give --drawing or --sample, not both\n", 2;
+
+    QString script;
+    if (scriptPath == QLatin1String("-")) {
+        QTextStream in(stdin);
+        script = in.readAll();
+    } else {
+        QFile f(scriptPath);
+        if (!f.open(QIODevice::ReadOnly | QIODevice::Text)) {
+            std::cerr << "veld-play: cannot read " << scriptPath.toStdString() << "\n";
+            return 2;
+        }
+        script = QString::fromUtf8(f.readAll());
+    }
+    if (layout >= 0) CPalmDevice::SetLayoutOverride(layout);
+
+    IVELDDlgFactory* factory = CreateFactory();
+    QTextStream out(stdout);
+    veldplay::DrawingHost host(factory);
+    QString error;
+    if (!host.Open(drawing, sample, password, error)) {
+        out << "{\"event\":\"error\",\"line\":0,\"message\":" << '"' << error << "\"}\n";
+        return 1;
+    }
+    veldplay::Player player(factory, &host, out);
+    return player.Run(script) == 0 ? 0 : 1;
+}
