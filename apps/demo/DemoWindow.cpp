@@ -25,12 +25,12 @@ struct Operation {
     bool built;
 };
 constexpr Operation kOperations[] = {
-    {"ShowDlgInsText", false},   {"ShowDlgOSnap", false},          {"ShowDlSnapInsertPnt", false},
-    {"ShowDlgGridProp", false},  {"ShowDlgOptColors", false},      {"ShowDlgLayer", false},
-    {"ShowDlgLtype", false},     {"ShowDlgTextStyle", false},      {"ShowDlgColor", false},
-    {"ShowDlgOptCursor", false}, {"ShowDlgAngle", false},          {"ShowDlgHatch", false},
-    {"ShowDlgDrawings", false},  {"ShowDlgProperty", false},       {"ShowDlgCalibraLineare", false},
-    {"GetDlgPasswordRequest", true}, {"ShowDlgGetDouble", true},   {"ShowDlgGetString", true},
+    {"ShowDlgInsText", false},       {"ShowDlgOSnap", false},     {"ShowDlSnapInsertPnt", false},
+    {"ShowDlgGridProp", false},      {"ShowDlgOptColors", false}, {"ShowDlgLayer", false},
+    {"ShowDlgLtype", false},         {"ShowDlgTextStyle", false}, {"ShowDlgColor", false},
+    {"ShowDlgOptCursor", false},     {"ShowDlgAngle", false},     {"ShowDlgHatch", false},
+    {"ShowDlgDrawings", false},      {"ShowDlgProperty", false},  {"ShowDlgCalibraLineare", false},
+    {"GetDlgPasswordRequest", true}, {"ShowDlgGetDouble", true},  {"ShowDlgGetString", true},
     {"ShowDlgRotate", true},
 };
 }  // namespace
@@ -48,7 +48,8 @@ DemoWindow::DemoWindow(const QString& libraryPath) {
         helpTopic_->setText(QStringLiteral("help: ") + topic.ToQString());
     });
     StartLauncherListener();
-    if (LoadLibrary(libraryPath)) BuildMenus();
+    if (LoadLibrary(libraryPath))
+        BuildMenus();
     resize(480, 640);
 }
 
@@ -94,7 +95,9 @@ bool DemoWindow::LoadLibrary(const QString& path) {
     return true;
 }
 
-void DemoWindow::Log(const QString& line) { log_->appendPlainText(line); }
+void DemoWindow::Log(const QString& line) {
+    log_->appendPlainText(line);
+}
 
 void DemoWindow::BuildMenus() {
     QMenu* dialogs = menuBar()->addMenu(QStringLiteral("&Dialogs"));
@@ -103,7 +106,8 @@ void DemoWindow::BuildMenus() {
     for (const Operation& op : kOperations) {
         QAction* a = dialogs->addAction(QString::fromLatin1(op.name));
         a->setEnabled(op.built);
-        if (!op.built) a->setToolTip(QStringLiteral("not yet built"));
+        if (!op.built)
+            a->setToolTip(QStringLiteral("not yet built"));
         const QString name = QString::fromLatin1(op.name);
         connect(a, &QAction::triggered, this, [this, name] {
             if (name == QLatin1String("ShowDlgGetDouble")) {
@@ -128,7 +132,8 @@ void DemoWindow::BuildMenus() {
                         .arg(password.Length()));
             }
         });
-        if (op.built) bar->addAction(a);
+        if (op.built)
+            bar->addAction(a);
     }
 
     QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));

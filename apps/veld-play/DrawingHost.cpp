@@ -15,7 +15,8 @@ bool DrawingHost::Statement(const std::vector<Word>& words, QString& error, QJso
                                       QStringLiteral("undo"),   QStringLiteral("redo"),
                                       QStringLiteral("dump"),   QStringLiteral("angles"),
                                       QStringLiteral("open"),   QStringLiteral("save")};
-    if (!verbs.contains(words[0].text)) return false;
+    if (!verbs.contains(words[0].text))
+        return false;
     error = QStringLiteral("%1 needs a drawing, which this build does not have").arg(words[0].text);
     return true;
 }

@@ -33,8 +33,11 @@ const QMap<QString, Operation>& Operations() {
              ulo::WString result =
                  ulo::WString::FromQString(c.Text(QStringLiteral("text"), QString()));
              const bool ok = c.factory->ShowDlgGetString(
-                 nullptr, ulo::WString::FromQString(c.Text(QStringLiteral("caption"), QStringLiteral("Enter..."))),
-                 ulo::WString::FromQString(c.Text(QStringLiteral("prompt"), QStringLiteral("Insert value:"))),
+                 nullptr,
+                 ulo::WString::FromQString(
+                     c.Text(QStringLiteral("caption"), QStringLiteral("Enter..."))),
+                 ulo::WString::FromQString(
+                     c.Text(QStringLiteral("prompt"), QStringLiteral("Insert value:"))),
                  result);
              c.out.insert(QStringLiteral("text"), result.ToQString());
              return ok;
@@ -45,11 +48,12 @@ const QMap<QString, Operation>& Operations() {
              // with retry=1, the question after a wrong password.
              std::unique_ptr<veld::IFileReaderPasswordRequest> req(
                  c.factory->GetDlgPasswordRequest(nullptr));
-             if (!req) return QJsonValue();
+             if (!req)
+                 return QJsonValue();
              ulo::WString password;
              const bool ok = req->RequestPassword(password, L"drawing");
-             c.out.insert(QStringLiteral("password"), ok ? QJsonValue(password.ToQString())
-                                                         : QJsonValue());
+             c.out.insert(QStringLiteral("password"),
+                          ok ? QJsonValue(password.ToQString()) : QJsonValue());
              if (c.Flag(QStringLiteral("retry"), false))
                  c.out.insert(QStringLiteral("retry"), req->AskRetry(L"drawing"));
              return ok;

@@ -10,14 +10,16 @@
 namespace veldplay {
 
 double OperationCall::Number(const QString& name, double fallback) const {
-    if (!args.contains(name)) return fallback;
+    if (!args.contains(name))
+        return fallback;
     bool ok = false;
     const double v = args.value(name).toDouble(&ok);
     return ok ? v : fallback;
 }
 
 bool OperationCall::Flag(const QString& name, bool fallback) const {
-    if (!args.contains(name)) return fallback;
+    if (!args.contains(name))
+        return fallback;
     const QString v = args.value(name).toLower();
     return v == QLatin1String("1") || v == QLatin1String("true") || v == QLatin1String("yes");
 }
@@ -45,11 +47,16 @@ namespace {
 
 int keyByName(const QString& name) {
     static const QMap<QString, int> keys = {
-        {QStringLiteral("F2"), Qt::Key_F2},         {QStringLiteral("Delete"), Qt::Key_Delete},
-        {QStringLiteral("Return"), Qt::Key_Return}, {QStringLiteral("Escape"), Qt::Key_Escape},
-        {QStringLiteral("Up"), Qt::Key_Up},         {QStringLiteral("Down"), Qt::Key_Down},
-        {QStringLiteral("Left"), Qt::Key_Left},     {QStringLiteral("Right"), Qt::Key_Right},
-        {QStringLiteral("Tab"), Qt::Key_Tab},       {QStringLiteral("Backspace"), Qt::Key_Backspace},
+        {QStringLiteral("F2"), Qt::Key_F2},
+        {QStringLiteral("Delete"), Qt::Key_Delete},
+        {QStringLiteral("Return"), Qt::Key_Return},
+        {QStringLiteral("Escape"), Qt::Key_Escape},
+        {QStringLiteral("Up"), Qt::Key_Up},
+        {QStringLiteral("Down"), Qt::Key_Down},
+        {QStringLiteral("Left"), Qt::Key_Left},
+        {QStringLiteral("Right"), Qt::Key_Right},
+        {QStringLiteral("Tab"), Qt::Key_Tab},
+        {QStringLiteral("Backspace"), Qt::Key_Backspace},
     };
     return keys.value(name, 0);
 }
@@ -104,19 +111,21 @@ QString queueStep(veldtest::ScriptedUser& user, const Statement& s) {
         user.CheckRow(id, a);
     } else if (verb == QLatin1String("key") && need(3) && toUInt(w[1], id)) {
         const int key = keyByName(w[2].text);
-        if (!key) return QStringLiteral("unknown key %1").arg(w[2].text);
+        if (!key)
+            return QStringLiteral("unknown key %1").arg(w[2].text);
         user.Key(id, key);
     } else if (verb == QLatin1String("tab") && need(3) && toUInt(w[1], id) && toInt(w[2], a)) {
         user.SwitchTab(id, a);
-    } else if (verb == QLatin1String("press") && need(4) && toUInt(w[1], id) &&
-               toDouble(w[2], x) && toDouble(w[3], y)) {
+    } else if (verb == QLatin1String("press") && need(4) && toUInt(w[1], id) && toDouble(w[2], x) &&
+               toDouble(w[3], y)) {
         user.Press(id, x, y);
     } else if (verb == QLatin1String("answer") && need(2)) {
         static const QMap<QString, int> answers = {{QStringLiteral("ok"), ulo::IDOK},
                                                    {QStringLiteral("yes"), ulo::IDYES},
                                                    {QStringLiteral("no"), ulo::IDNO},
                                                    {QStringLiteral("cancel"), ulo::IDCANCEL}};
-        if (!answers.contains(w[1].text)) return QStringLiteral("unknown answer %1").arg(w[1].text);
+        if (!answers.contains(w[1].text))
+            return QStringLiteral("unknown answer %1").arg(w[1].text);
         user.Answer(answers.value(w[1].text));
     } else if (verb == QLatin1String("file") && need(2)) {
         if (!w[1].quoted && w[1].text == QLatin1String("cancel"))
@@ -142,7 +151,8 @@ QString queueStep(veldtest::ScriptedUser& user, const Statement& s) {
 int Player::Run(const QString& script) {
     std::vector<ParseError> parseErrors;
     const std::vector<Statement> statements = ParseScript(script, parseErrors);
-    for (const auto& e : parseErrors) Error(e.line, e.message);
+    for (const auto& e : parseErrors)
+        Error(e.line, e.message);
     for (std::size_t i = 0; i < statements.size(); ++i) {
         const Statement& s = statements[i];
         if (s.words[0].text == QLatin1String("call")) {
@@ -166,10 +176,12 @@ int Player::Run(const QString& script) {
 }
 
 void Player::Call(const Statement& call, const std::vector<Statement>& steps) {
-    if (call.words.size() < 2) return Error(call.line, QStringLiteral("call needs an operation"));
+    if (call.words.size() < 2)
+        return Error(call.line, QStringLiteral("call needs an operation"));
     const QString name = call.words[1].text;
     const auto& ops = Operations();
-    if (!ops.contains(name)) return Error(call.line, QStringLiteral("unknown operation %1").arg(name));
+    if (!ops.contains(name))
+        return Error(call.line, QStringLiteral("unknown operation %1").arg(name));
     OperationCall oc;
     oc.factory = factory_;
     oc.host = host_;
@@ -181,23 +193,27 @@ void Player::Call(const Statement& call, const std::vector<Statement>& steps) {
     }
     veldtest::ScriptedUser user;
     user.onEvent = [this](const QJsonObject& e) {
-        if (e.value(QStringLiteral("event")).toString() == QLatin1String("error")) ++errors_;
+        if (e.value(QStringLiteral("event")).toString() == QLatin1String("error"))
+            ++errors_;
         Print(e);
     };
     for (const Statement& s : steps) {
         const QString err = queueStep(user, s);
-        if (!err.isEmpty()) return Error(s.line, err);
+        if (!err.isEmpty())
+            return Error(s.line, err);
     }
     user.SetLine(call.line);
     const QJsonValue result = ops.value(name)(oc);
-    if (!oc.error.isEmpty()) return Error(call.line, oc.error);
+    if (!oc.error.isEmpty())
+        return Error(call.line, oc.error);
     if (user.PendingSteps() > 0)
         Error(call.line, QStringLiteral("%1 step(s) not performed: no window was in front")
                              .arg(user.PendingSteps()));
     QJsonObject ret{{QStringLiteral("event"), QStringLiteral("return")},
                     {QStringLiteral("operation"), name},
                     {QStringLiteral("result"), result}};
-    for (auto it = oc.out.begin(); it != oc.out.end(); ++it) ret.insert(it.key(), it.value());
+    for (auto it = oc.out.begin(); it != oc.out.end(); ++it)
+        ret.insert(it.key(), it.value());
     Print(ret);
 }
 
@@ -218,9 +234,12 @@ bool Player::TopLevel(const Statement& s) {
     }
     QString error;
     QJsonObject event;
-    if (!host_->Statement(w, error, event)) return false;
-    if (!error.isEmpty()) Error(s.line, error);
-    if (!event.isEmpty()) Print(event);
+    if (!host_->Statement(w, error, event))
+        return false;
+    if (!error.isEmpty())
+        Error(s.line, error);
+    if (!event.isEmpty())
+        Print(event);
     return true;
 }
 

@@ -12,7 +12,8 @@ std::optional<QString> SplitLine(const QString& line, std::vector<Word>& words) 
             ++i;
             continue;
         }
-        if (c == QLatin1Char('#')) break;
+        if (c == QLatin1Char('#'))
+            break;
         Word w;
         // A word may mix plain characters and quoted parts: title="Height".
         while (i < n && !line[i].isSpace()) {
@@ -30,7 +31,8 @@ std::optional<QString> SplitLine(const QString& line, std::vector<Word>& words) 
                         w.text += q;
                         continue;
                     }
-                    if (i >= n) return QStringLiteral("unterminated escape");
+                    if (i >= n)
+                        return QStringLiteral("unterminated escape");
                     const QChar e = line[i++];
                     if (e == QLatin1Char('n'))
                         w.text += QLatin1Char('\n');
@@ -41,15 +43,18 @@ std::optional<QString> SplitLine(const QString& line, std::vector<Word>& words) 
                     else
                         return QStringLiteral("unknown escape \\%1").arg(e);
                 }
-                if (!closed) return QStringLiteral("unterminated text");
+                if (!closed)
+                    return QStringLiteral("unterminated text");
             } else if (line[i] == QLatin1Char('#') && w.text.isEmpty() && !w.quoted) {
                 break;
             } else {
                 w.text += line[i++];
             }
         }
-        if (!w.text.isEmpty() || w.quoted) words.push_back(w);
-        if (i < n && line[i] == QLatin1Char('#')) break;
+        if (!w.text.isEmpty() || w.quoted)
+            words.push_back(w);
+        if (i < n && line[i] == QLatin1Char('#'))
+            break;
     }
     return std::nullopt;
 }
@@ -59,21 +64,24 @@ std::vector<Statement> ParseScript(const QString& text, std::vector<ParseError>&
     const QStringList lines = text.split(QLatin1Char('\n'));
     for (int i = 0; i < lines.size(); ++i) {
         QString l = lines[i];
-        if (l.endsWith(QLatin1Char('\r'))) l.chop(1);
+        if (l.endsWith(QLatin1Char('\r')))
+            l.chop(1);
         Statement s;
         s.line = i + 1;
         if (auto err = SplitLine(l, s.words)) {
             errors.push_back({s.line, *err});
             continue;
         }
-        if (!s.words.empty()) out.push_back(std::move(s));
+        if (!s.words.empty())
+            out.push_back(std::move(s));
     }
     return out;
 }
 
 bool SplitArgument(const QString& word, QString& name, QString& value) {
     const int eq = word.indexOf(QLatin1Char('='));
-    if (eq <= 0) return false;
+    if (eq <= 0)
+        return false;
     name = word.left(eq);
     value = word.mid(eq + 1);
     return true;

@@ -28,7 +28,8 @@ int main(int argc, char** argv) {
     for (int i = 0; i < args.size(); ++i) {
         const QString a = args[i];
         const auto next = [&](QString& into) {
-            if (i + 1 >= args.size()) return false;
+            if (i + 1 >= args.size())
+                return false;
             into = args[++i];
             return true;
         };
@@ -37,23 +38,27 @@ int main(int argc, char** argv) {
             std::cout << kUsage;
             return 0;
         } else if (a == QLatin1String("--drawing")) {
-            if (!next(drawing)) return std::cerr << kUsage, 2;
+            if (!next(drawing))
+                return std::cerr << kUsage, 2;
         } else if (a == QLatin1String("--sample")) {
             sample = true;
         } else if (a == QLatin1String("--password")) {
-            if (!next(password)) return std::cerr << kUsage, 2;
+            if (!next(password))
+                return std::cerr << kUsage, 2;
         } else if (a == QLatin1String("--layout")) {
             bool ok = false;
             if (!next(v) || (layout = v.toInt(&ok), !ok) || layout < 0 || layout > 3)
                 return std::cerr << "veld-play: --layout needs 0..3\n", 2;
-        } else if (scriptPath.isEmpty() && (a == QLatin1String("-") || !a.startsWith(QLatin1Char('-')))) {
+        } else if (scriptPath.isEmpty() &&
+                   (a == QLatin1String("-") || !a.startsWith(QLatin1Char('-')))) {
             scriptPath = a;
         } else {
             std::cerr << "veld-play: unknown argument " << a.toStdString() << "\n" << kUsage;
             return 2;
         }
     }
-    if (scriptPath.isEmpty()) return std::cerr << kUsage, 2;
+    if (scriptPath.isEmpty())
+        return std::cerr << kUsage, 2;
     if (!drawing.isEmpty() && sample)
         return std::cerr << "veld-play: give --drawing or --sample, not both\n", 2;
 
@@ -69,7 +74,8 @@ int main(int argc, char** argv) {
         }
         script = QString::fromUtf8(f.readAll());
     }
-    if (layout >= 0) CPalmDevice::SetLayoutOverride(layout);
+    if (layout >= 0)
+        CPalmDevice::SetLayoutOverride(layout);
 
     IVELDDlgFactory* factory = CreateFactory();
     QTextStream out(stdout);

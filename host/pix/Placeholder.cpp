@@ -1,2 +1,4 @@
 // Raster images.
-namespace pix { int placeholder_pix = 0; }
+namespace pix {
+int placeholder_pix = 0;
+}

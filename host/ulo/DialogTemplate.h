@@ -9,17 +9,17 @@
 namespace ulo {
 
 enum class CtrlKind : std::uint8_t {
-    Static,       ///< text label (or an empty placeholder rectangle)
-    GroupBox,     ///< frame with a caption
+    Static,    ///< text label (or an empty placeholder rectangle)
+    GroupBox,  ///< frame with a caption
     PushButton,
     CheckBox,
     RadioButton,
-    Edit,         ///< text edit; style Numeric makes it a number edit
-    ComboBox,     ///< drop-down list
-    ListView,     ///< report or icon list
+    Edit,      ///< text edit; style Numeric makes it a number edit
+    ComboBox,  ///< drop-down list
+    ListView,  ///< report or icon list
     TabControl,
-    ScrollBarH,   ///< horizontal scroll bar
-    Custom,       ///< built by the dialog itself (colour strips, swatches, grids)
+    ScrollBarH,  ///< horizontal scroll bar
+    Custom,      ///< built by the dialog itself (colour strips, swatches, grids)
 };
 
 /// Style bits of a control (a subset of the Win32 styles the dialogs name).
@@ -39,12 +39,12 @@ enum CtrlStyle : std::uint32_t {
     kShowSelAlways = 1u << 12,
     kReportView = 1u << 13,
     kIconView = 1u << 14,
-    kNumeric = 1u << 15,     ///< number edit (CCEEditKeybNum)
-    kCenter = 1u << 16,      ///< centred text
-    kRight = 1u << 17,       ///< right-aligned text
-    kDefault = 1u << 18,     ///< default push button
+    kNumeric = 1u << 15,  ///< number edit (CCEEditKeybNum)
+    kCenter = 1u << 16,   ///< centred text
+    kRight = 1u << 17,    ///< right-aligned text
+    kDefault = 1u << 18,  ///< default push button
     kNoHideSel = 1u << 19,
-    kIconOnly = 1u << 20,    ///< small button showing only an image
+    kIconOnly = 1u << 20,  ///< small button showing only an image
 };
 
 struct DlgRect {

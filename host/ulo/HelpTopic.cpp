@@ -15,10 +15,13 @@ State& state() {
 
 void SetHelpTopic(const WString& topic) {
     state().topic = topic;
-    if (state().listener) state().listener(topic);
+    if (state().listener)
+        state().listener(topic);
 }
 
-WString GetHelpTopic() { return state().topic; }
+WString GetHelpTopic() {
+    return state().topic;
+}
 
 void SetHelpTopicListener(std::function<void(const WString&)> listener) {
     state().listener = std::move(listener);

@@ -7,18 +7,23 @@
 namespace ulo {
 
 WString CStringDaDouble(double value, int /*mode*/, int decimals) {
-    if (!std::isfinite(value)) value = 0.0;
-    if (decimals < 0) decimals = 0;
-    if (decimals > 17) decimals = 17;
+    if (!std::isfinite(value))
+        value = 0.0;
+    if (decimals < 0)
+        decimals = 0;
+    if (decimals > 17)
+        decimals = 17;
     char buf[400];
     std::snprintf(buf, sizeof buf, "%.*f", decimals, value);
     std::wstring out;
-    for (const char* p = buf; *p; ++p) out += static_cast<wchar_t>(*p);
+    for (const char* p = buf; *p; ++p)
+        out += static_cast<wchar_t>(*p);
     return WString(std::move(out));
 }
 
 void ArCharDaDouble(wchar_t* buffer, std::size_t size, double value, int mode, int decimals) {
-    if (!buffer || size == 0) return;
+    if (!buffer || size == 0)
+        return;
     const WString text = CStringDaDouble(value, mode, decimals);
     const std::size_t n = std::min(text.Length(), size - 1);
     std::wmemcpy(buffer, text.c_str(), n);
@@ -26,12 +31,15 @@ void ArCharDaDouble(wchar_t* buffer, std::size_t size, double value, int mode, i
 }
 
 double wtof(const wchar_t* text) {
-    if (!text) return 0.0;
+    if (!text)
+        return 0.0;
     wchar_t* end = nullptr;
     const double v = std::wcstod(text, &end);
     return end == text ? 0.0 : v;
 }
 
-double DoubleDaCString(const WString& text) { return wtof(text.c_str()); }
+double DoubleDaCString(const WString& text) {
+    return wtof(text.c_str());
+}
 
 }  // namespace ulo

@@ -21,30 +21,40 @@ int envInt(const char* name, int fallback) {
 }  // namespace
 
 int CPalmDevice::LayoutForScreen(int width, int height) {
-    if (width <= 0 || height <= 0) return 0;
-    if (height >= width) return (double(height) / width < 1.39) ? 0 : 1;
+    if (width <= 0 || height <= 0)
+        return 0;
+    if (height >= width)
+        return (double(height) / width < 1.39) ? 0 : 1;
     return (double(width) / height < 1.70) ? 2 : 3;
 }
 
 int CPalmDevice::GetLayoutVariant() {
-    if (overrideVariant() >= 0) return overrideVariant();
+    if (overrideVariant() >= 0)
+        return overrideVariant();
     const int env = envInt("VELD_DIALOG_LAYOUT", -1);
-    if (env >= 0 && env <= 3) return env;
+    if (env >= 0 && env <= 3)
+        return env;
     const QScreen* screen = qobject_cast<QGuiApplication*>(QCoreApplication::instance())
                                 ? QGuiApplication::primaryScreen()
                                 : nullptr;
-    if (!screen) return 0;
+    if (!screen)
+        return 0;
     QRect r = screen->availableGeometry();
-    if (r.isEmpty()) r = screen->geometry();
+    if (r.isEmpty())
+        r = screen->geometry();
     return LayoutForScreen(r.width(), r.height());
 }
 
 unsigned CPalmDevice::SelectIdDlgStd(unsigned id0, unsigned id1, unsigned id2, unsigned id3) {
     switch (GetLayoutVariant()) {
-        case 1: return id1;
-        case 2: return id2;
-        case 3: return id3;
-        default: return id0;
+        case 1:
+            return id1;
+        case 2:
+            return id2;
+        case 3:
+            return id3;
+        default:
+            return id0;
     }
 }
 
@@ -52,11 +62,14 @@ void CPalmDevice::SetLayoutOverride(int variant) {
     overrideVariant() = (variant >= 0 && variant <= 3) ? variant : -1;
 }
 
-int CPalmDevice::GetLayoutOverride() { return overrideVariant(); }
+int CPalmDevice::GetLayoutOverride() {
+    return overrideVariant();
+}
 
 int CPalmDevice::GetResMultiplier() {
     const int env = envInt("VELD_RES_MULTIPLIER", 0);
-    if (env >= 1) return env;
+    if (env >= 1)
+        return env;
     const QScreen* screen = qobject_cast<QGuiApplication*>(QCoreApplication::instance())
                                 ? QGuiApplication::primaryScreen()
                                 : nullptr;

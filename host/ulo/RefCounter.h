@@ -13,7 +13,8 @@ public:
     void AddReference() const { ++count_; }
     void SubReference() const {
         assert(count_ > 0);
-        if (--count_ == 0) delete this;
+        if (--count_ == 0)
+            delete this;
     }
     unsigned GetReferenceCount() const { return count_; }
 
@@ -50,11 +51,13 @@ public:
         return r;
     }
     static RefPtr Share(T* p) {
-        if (p) p->AddReference();
+        if (p)
+            p->AddReference();
         return Adopt(p);
     }
     RefPtr(const RefPtr& o) : p_(o.p_) {
-        if (p_) p_->AddReference();
+        if (p_)
+            p_->AddReference();
     }
     RefPtr(RefPtr&& o) noexcept : p_(o.p_) { o.p_ = nullptr; }
     RefPtr& operator=(RefPtr o) noexcept {
@@ -62,7 +65,8 @@ public:
         return *this;
     }
     ~RefPtr() {
-        if (p_) p_->SubReference();
+        if (p_)
+            p_->SubReference();
     }
     T* get() const { return p_; }
     T* operator->() const { return p_; }

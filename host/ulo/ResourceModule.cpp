@@ -13,16 +13,19 @@ const wchar_t* CResourceModule::FindString(unsigned id) const {
     // The tables are sorted by id; fall back to a scan if one is not.
     auto it = std::lower_bound(strings_.begin(), strings_.end(), id,
                                [](const StringEntry& e, unsigned v) { return e.id < v; });
-    if (it != strings_.end() && it->id == id) return it->text;
+    if (it != strings_.end() && it->id == id)
+        return it->text;
     for (const auto& e : strings_)
-        if (e.id == id) return e.text;
+        if (e.id == id)
+            return e.text;
     return nullptr;
 }
 
 const DialogTemplate* CResourceModule::FindTemplate(unsigned id, int* variant) const {
     for (const auto& t : templates_) {
         if (id >= t.baseId && id < t.baseId + 4) {
-            if (variant) *variant = static_cast<int>(id - t.baseId);
+            if (variant)
+                *variant = static_cast<int>(id - t.baseId);
             return &t;
         }
     }
@@ -36,8 +39,12 @@ HINSTANCE& current() {
 }
 }  // namespace
 
-HINSTANCE AfxGetResourceHandle() { return current(); }
-void AfxSetResourceHandle(HINSTANCE module) { current() = module; }
+HINSTANCE AfxGetResourceHandle() {
+    return current();
+}
+void AfxSetResourceHandle(HINSTANCE module) {
+    current() = module;
+}
 
 bool CStringLoader::HasString(unsigned id) const {
     return module_ && module_->FindString(id) != nullptr;
@@ -49,10 +56,12 @@ unsigned CStringLoader::GetStringLength(unsigned id) const {
 }
 
 unsigned CStringLoader::LoadStr(unsigned id, wchar_t* buffer, unsigned size) const {
-    if (!buffer || size == 0) return 0;
+    if (!buffer || size == 0)
+        return 0;
     const wchar_t* s = module_ ? module_->FindString(id) : nullptr;
     const unsigned n = s ? std::min<unsigned>(static_cast<unsigned>(std::wcslen(s)), size - 1) : 0;
-    if (n) std::wmemcpy(buffer, s, n);
+    if (n)
+        std::wmemcpy(buffer, s, n);
     buffer[n] = L'\0';
     return n;
 }

@@ -5,13 +5,16 @@
 namespace ulo {
 
 void CSourceEvent::EndEvent() {
-    if (depth_ == 0) return;  // unbalanced EndEvent: ignore rather than underflow
-    if (--depth_ == 0 && pending_) Notify();
+    if (depth_ == 0)
+        return;  // unbalanced EndEvent: ignore rather than underflow
+    if (--depth_ == 0 && pending_)
+        Notify();
 }
 
 void CSourceEvent::Changed() {
     pending_ = true;
-    if (depth_ == 0) Notify();
+    if (depth_ == 0)
+        Notify();
 }
 
 void CSourceEvent::AddListener(ISourceEventListener* listener) {
@@ -28,7 +31,8 @@ void CSourceEvent::Notify() {
     ++notifications_;
     // A listener may unsubscribe while being told; walk a copy.
     const auto listeners = listeners_;
-    for (auto* l : listeners) l->OnSourceEvent(*this);
+    for (auto* l : listeners)
+        l->OnSourceEvent(*this);
 }
 
 }  // namespace ulo

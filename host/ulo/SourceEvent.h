@@ -44,10 +44,12 @@ private:
 class CSourceEventBracket {
 public:
     explicit CSourceEventBracket(CSourceEvent* source) : source_(source) {
-        if (source_) source_->BeginEvent();
+        if (source_)
+            source_->BeginEvent();
     }
     ~CSourceEventBracket() {
-        if (source_) source_->EndEvent();
+        if (source_)
+            source_->EndEvent();
     }
     CSourceEventBracket(const CSourceEventBracket&) = delete;
     CSourceEventBracket& operator=(const CSourceEventBracket&) = delete;

@@ -7,14 +7,18 @@
 namespace ulo {
 
 namespace {
-bool isBlank(wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n'; }
+bool isBlank(wchar_t c) {
+    return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n';
+}
 }  // namespace
 
 WString& WString::Trim() {
     std::size_t b = 0;
     std::size_t e = s_.size();
-    while (b < e && isBlank(s_[b])) ++b;
-    while (e > b && isBlank(s_[e - 1])) --e;
+    while (b < e && isBlank(s_[b]))
+        ++b;
+    while (e > b && isBlank(s_[e - 1]))
+        --e;
     s_ = s_.substr(b, e - b);
     return *this;
 }
@@ -29,9 +33,11 @@ int WString::CompareIgnoreCase(const WString& other) const {
     for (std::size_t i = 0; i < n; ++i) {
         const auto a = std::towupper(static_cast<std::wint_t>(s_[i]));
         const auto b = std::towupper(static_cast<std::wint_t>(other.s_[i]));
-        if (a != b) return a < b ? -1 : 1;
+        if (a != b)
+            return a < b ? -1 : 1;
     }
-    if (s_.size() == other.s_.size()) return 0;
+    if (s_.size() == other.s_.size())
+        return 0;
     return s_.size() < other.s_.size() ? -1 : 1;
 }
 
@@ -43,10 +49,13 @@ wchar_t* WString::GetBufferSetLength(std::size_t length) {
 WString WString::ValueOf(double value, unsigned decimals) {
     std::wstring text = CStringDaDouble(value, 0, static_cast<int>(decimals)).str();
     if (text.find(L'.') != std::wstring::npos) {
-        while (!text.empty() && text.back() == L'0') text.pop_back();
-        if (!text.empty() && text.back() == L'.') text.pop_back();
+        while (!text.empty() && text.back() == L'0')
+            text.pop_back();
+        if (!text.empty() && text.back() == L'.')
+            text.pop_back();
     }
-    if (text == L"-0") text = L"0";
+    if (text == L"-0")
+        text = L"0";
     return WString(std::move(text));
 }
 

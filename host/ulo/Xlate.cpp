@@ -14,7 +14,9 @@ WString Xlate(const WString& source) {
     return t ? t(source) : source;
 }
 
-void SetTranslator(Translator t) { translator() = std::move(t); }
+void SetTranslator(Translator t) {
+    translator() = std::move(t);
+}
 
 namespace detail {
 

@@ -1,2 +1,4 @@
 // The drawing model library.
-namespace veld { int placeholder_model = 0; }
+namespace veld {
+int placeholder_model = 0;
+}

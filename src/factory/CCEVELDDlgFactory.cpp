@@ -16,8 +16,12 @@ namespace veld5 {
 
 void CCEVELDDlgFactory::ShowDlgInsText(CWnd*, CVELD&, ulo::geom::PNT_3D&, veld::CEntCollection&) {}
 void CCEVELDDlgFactory::ShowDlgOSnap(CWnd*, CVELD&) {}
-bool CCEVELDDlgFactory::ShowDlSnapInsertPnt(CWnd*, CVELD&, ulo::geom::PNT_3D&) { return false; }
-bool CCEVELDDlgFactory::ShowDlgGridProp(CWnd*) { return false; }
+bool CCEVELDDlgFactory::ShowDlSnapInsertPnt(CWnd*, CVELD&, ulo::geom::PNT_3D&) {
+    return false;
+}
+bool CCEVELDDlgFactory::ShowDlgGridProp(CWnd*) {
+    return false;
+}
 void CCEVELDDlgFactory::ShowDlgOptColors(CWnd*, CVELD&) {}
 void CCEVELDDlgFactory::ShowDlgLayer(CWnd*, CVELD&) {}
 void CCEVELDDlgFactory::ShowDlgLtype(CWnd*, CVELD&) {}
@@ -26,11 +30,21 @@ bool CCEVELDDlgFactory::ShowDlgColor(CWnd*, const CVELD*, short, short, short, b
     return false;
 }
 void CCEVELDDlgFactory::ShowDlgOptCursor(CWnd*, CVELD&) {}
-bool CCEVELDDlgFactory::ShowDlgAngle(CWnd*, CVELD&) { return false; }
-bool CCEVELDDlgFactory::ShowDlgHatch(CWnd*, const veld::CHatchType**) { return false; }
-bool CCEVELDDlgFactory::ShowDlgDrawings(CWnd*, CVELD&) { return false; }
-bool CCEVELDDlgFactory::ShowDlgProperty(CWnd*, CVELD&, bool) { return false; }
-bool CCEVELDDlgFactory::ShowDlgCalibraLineare(CWnd*, CVELD&, CVELDImage*) { return false; }
+bool CCEVELDDlgFactory::ShowDlgAngle(CWnd*, CVELD&) {
+    return false;
+}
+bool CCEVELDDlgFactory::ShowDlgHatch(CWnd*, const veld::CHatchType**) {
+    return false;
+}
+bool CCEVELDDlgFactory::ShowDlgDrawings(CWnd*, CVELD&) {
+    return false;
+}
+bool CCEVELDDlgFactory::ShowDlgProperty(CWnd*, CVELD&, bool) {
+    return false;
+}
+bool CCEVELDDlgFactory::ShowDlgCalibraLineare(CWnd*, CVELD&, CVELDImage*) {
+    return false;
+}
 
 veld::IFileReaderPasswordRequest* CCEVELDDlgFactory::GetDlgPasswordRequest(CWnd* parent) {
     return new (std::nothrow) CCECADDlgPasswordDwg(parent);
@@ -42,7 +56,8 @@ long CCEVELDDlgFactory::ShowDlgGetDouble(CWnd* parent, const wchar_t* title, dou
     CCECADDlgGetDouble dialog(parent);
     dialog.SetRequest(value, ulo::WString(title), flag1, flag2, flag3);
     const long result = static_cast<long>(dialog.DoModal());
-    if (result == ulo::IDOK) value = dialog.GetValue();
+    if (result == ulo::IDOK)
+        value = dialog.GetValue();
     return result;
 }
 
@@ -68,4 +83,6 @@ long CCEVELDDlgFactory::ShowDlgRotate(CWnd* parent, double& angle) {
 
 }  // namespace veld5
 
-extern "C" IVELDDlgFactory* CreateFactory() { return new (std::nothrow) veld5::CCEVELDDlgFactory(); }
+extern "C" IVELDDlgFactory* CreateFactory() {
+    return new (std::nothrow) veld5::CCEVELDDlgFactory();
+}

@@ -25,8 +25,8 @@ public:
     bool ShowDlgProperty(CWnd* parent, CVELD& cad, bool undoable) override;
     bool ShowDlgCalibraLineare(CWnd* parent, CVELD& cad, CVELDImage* image) override;
     veld::IFileReaderPasswordRequest* GetDlgPasswordRequest(CWnd* parent) override;
-    long ShowDlgGetDouble(CWnd* parent, const wchar_t* title, double& value, bool flag1,
-                          bool flag2, bool flag3) override;
+    long ShowDlgGetDouble(CWnd* parent, const wchar_t* title, double& value, bool flag1, bool flag2,
+                          bool flag3) override;
     bool ShowDlgGetString(CWnd* parent, const ulo::WString& text1, const ulo::WString& text2,
                           ulo::WString& result) override;
     long ShowDlgRotate(CWnd* parent, double& angle) override;

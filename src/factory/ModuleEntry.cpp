@@ -33,7 +33,8 @@ namespace {
 std::string socketPath(const char* name) {
     const char* tmp = std::getenv("TMPDIR");
     std::string dir = (tmp && *tmp) ? tmp : "/tmp";
-    if (dir.back() != '/') dir += '/';
+    if (dir.back() != '/')
+        dir += '/';
     return dir + name;
 }
 
@@ -46,12 +47,14 @@ int remainingMs(std::chrono::steady_clock::time_point deadline) {
 /// Sends the notification to one socket; false when nobody listens there.
 bool sendTo(const std::string& path, int timeoutMs) {
     sockaddr_un addr{};
-    if (path.size() >= sizeof addr.sun_path) return false;
+    if (path.size() >= sizeof addr.sun_path)
+        return false;
     addr.sun_family = AF_UNIX;
     std::memcpy(addr.sun_path, path.c_str(), path.size() + 1);
 
     const int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    if (fd < 0) return false;
+    if (fd < 0)
+        return false;
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
     bool delivered = false;
     if (::connect(fd, reinterpret_cast<const sockaddr*>(&addr), sizeof addr) == 0 ||

@@ -8,6 +8,8 @@ CModuleResourceScope::CModuleResourceScope() : previous_(ulo::AfxGetResourceHand
     ulo::AfxSetResourceHandle(Module());
 }
 
-CModuleResourceScope::~CModuleResourceScope() { ulo::AfxSetResourceHandle(previous_); }
+CModuleResourceScope::~CModuleResourceScope() {
+    ulo::AfxSetResourceHandle(previous_);
+}
 
 }  // namespace veld5

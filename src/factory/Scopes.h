@@ -24,10 +24,12 @@ private:
 class CSourceEventScope {
 public:
     explicit CSourceEventScope(ulo::CSourceEvent* source) : source_(source) {
-        if (source_) source_->BeginEvent();
+        if (source_)
+            source_->BeginEvent();
     }
     ~CSourceEventScope() {
-        if (source_) source_->EndEvent();
+        if (source_)
+            source_->EndEvent();
     }
     CSourceEventScope(const CSourceEventScope&) = delete;
     CSourceEventScope& operator=(const CSourceEventScope&) = delete;

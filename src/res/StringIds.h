@@ -13,7 +13,7 @@ constexpr unsigned kSelectRotationType = 11610;
 constexpr unsigned kWrongPasswordRetry = 11706;
 
 inline constexpr unsigned kLoadedStringIds[] = {
-    kError, kValueNotNegative, kValueNotPositive, kValueNotZero,
+    kError,   kValueNotNegative,   kValueNotPositive,   kValueNotZero,
     kWarning, kSelectRotationType, kWrongPasswordRetry,
 };
 

@@ -17,6 +17,8 @@ const ulo::StringEntry kStrings[] = {
 };
 }  // namespace
 
-std::span<const ulo::StringEntry> StringTable() { return kStrings; }
+std::span<const ulo::StringEntry> StringTable() {
+    return kStrings;
+}
 
 }  // namespace veld5

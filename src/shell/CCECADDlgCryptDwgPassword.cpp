@@ -11,7 +11,8 @@ namespace {
 constexpr unsigned kIdPassword = 4779;
 
 void wipe(ulo::WString& s) {
-    if (s.IsEmpty()) return;
+    if (s.IsEmpty())
+        return;
     wchar_t* p = s.GetBufferSetLength(s.Length());
     std::fill(p, p + s.Length(), L'\0');
     s = ulo::WString();
@@ -23,12 +24,17 @@ CCECADDlgCryptDwgPassword::CCECADDlgCryptDwgPassword(CWnd* parent)
     SetOkCancelIds(kIdOk, kIdCancel);
 }
 
-CCECADDlgCryptDwgPassword::~CCECADDlgCryptDwgPassword() { WipePassword(); }
+CCECADDlgCryptDwgPassword::~CCECADDlgCryptDwgPassword() {
+    WipePassword();
+}
 
-void CCECADDlgCryptDwgPassword::WipePassword() { wipe(password_); }
+void CCECADDlgCryptDwgPassword::WipePassword() {
+    wipe(password_);
+}
 
 BOOL CCECADDlgCryptDwgPassword::OnInitDialog() {
-    if (!CExDialog::OnInitDialog()) return FALSE;
+    if (!CExDialog::OnInitDialog())
+        return FALSE;
     GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
     GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
     // OK stays enabled until the field first changes.

@@ -13,8 +13,8 @@ CCECADDlgGetDoubleBase::CCECADDlgGetDoubleBase(unsigned templateId, CWnd* parent
     SetOkCancelIds(kIdOk, kIdCancel);
 }
 
-void CCECADDlgGetDoubleBase::SetRequest(double value, const ulo::WString& title,
-                                        bool allowNegative, bool allowZero, bool allowPositive) {
+void CCECADDlgGetDoubleBase::SetRequest(double value, const ulo::WString& title, bool allowNegative,
+                                        bool allowZero, bool allowPositive) {
     value_ = value;
     title_ = title;
     allowNegative_ = allowNegative;
@@ -51,7 +51,8 @@ void CCECADDlgGetDoubleBase::OnOK() {
 }
 
 bool CCECADDlgGetDoubleBase::OnCommand(unsigned id) {
-    if (id == ulo::ID_HELP) return true;  // help comes only through the topic
+    if (id == ulo::ID_HELP)
+        return true;  // help comes only through the topic
     return CExDialog::OnCommand(id);
 }
 

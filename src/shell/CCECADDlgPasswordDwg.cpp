@@ -10,7 +10,8 @@ namespace veld5 {
 bool CCECADDlgPasswordDwg::RequestPassword(ulo::WString& password, const ulo::WString&) {
     CModuleResourceScope scope;
     CCECADDlgCryptDwgPassword dialog(parent_);
-    if (dialog.DoModal() != ulo::IDOK) return false;
+    if (dialog.DoModal() != ulo::IDOK)
+        return false;
     password = dialog.GetPassword();
     dialog.WipePassword();
     return true;

@@ -36,7 +36,8 @@ void CCECADDlgRotate::ReadControls() {
 }
 
 double CCECADDlgRotate::GetValue(int& code) const {
-    if (rotationType_ >= 0 && rotationType_ <= 2) code = 4 + rotationType_;
+    if (rotationType_ >= 0 && rotationType_ <= 2)
+        code = 4 + rotationType_;
     return GetValue();
 }
 

@@ -24,7 +24,8 @@ BOOL CGetStringDialog::OnInitDialog() {
     GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
     GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
     setWindowTitle(caption_.ToQString());
-    if (GetDlgItem(kIdPrompt)) SetDlgItemText(kIdPrompt, prompt_.ToQString());
+    if (GetDlgItem(kIdPrompt))
+        SetDlgItemText(kIdPrompt, prompt_.ToQString());
     auto* edit = GetDlgItem<CCEEditKeybTxt>(kIdText);
     edit->setText(result_->ToQString());
     edit->selectAll();
@@ -34,7 +35,8 @@ BOOL CGetStringDialog::OnInitDialog() {
 
 void CGetStringDialog::OnOK() {
     const QString text = GetDlgItemText(kIdText).left(kMaxLength);
-    if (!text.isEmpty()) *result_ = ulo::WString::FromQString(text);
+    if (!text.isEmpty())
+        *result_ = ulo::WString::FromQString(text);
     CExDialog::OnOK();
 }
 

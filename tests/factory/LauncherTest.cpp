@@ -27,10 +27,12 @@ public:
         std::strncpy(addr.sun_path, path_.c_str(), sizeof addr.sun_path - 1);
         EXPECT_EQ(::bind(fd_, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
         EXPECT_EQ(::listen(fd_, 4), 0);
-        if (mode_ == Mode::Answer) thread_ = std::thread([this] { Serve(); });
+        if (mode_ == Mode::Answer)
+            thread_ = std::thread([this] { Serve(); });
     }
     ~Launcher() {
-        if (thread_.joinable()) thread_.join();
+        if (thread_.joinable())
+            thread_.join();
         ::close(fd_);
         ::unlink(path_.c_str());
     }
@@ -40,8 +42,10 @@ public:
 private:
     void Serve() {
         const int c = ::accept(fd_, nullptr, nullptr);
-        if (c < 0) return;
-        if (::recv(c, message, sizeof message, MSG_WAITALL) == sizeof message) received = true;
+        if (c < 0)
+            return;
+        if (::recv(c, message, sizeof message, MSG_WAITALL) == sizeof message)
+            received = true;
         const std::uint32_t answer = 0;
         ::send(c, &answer, sizeof answer, MSG_NOSIGNAL);
         ::close(c);

@@ -31,8 +31,8 @@ INSTANTIATE_TEST_SUITE_P(AllLayouts, LayoutChoice, ::testing::Values(0, 1, 2, 3)
 TEST(LayoutRule, ScreenShapesMapToTheirLayouts) {
     struct {
         int w, h, layout;
-    } const rows[] = {{240, 320, 0}, {320, 320, 0}, {480, 800, 1}, {240, 400, 1},
-                      {320, 240, 2}, {800, 600, 2}, {800, 480, 2}, {854, 480, 3}, {1920, 1080, 3}};
+    } const rows[] = {{240, 320, 0}, {320, 320, 0}, {480, 800, 1}, {240, 400, 1},  {320, 240, 2},
+                      {800, 600, 2}, {800, 480, 2}, {854, 480, 3}, {1920, 1080, 3}};
     for (const auto& r : rows)
         EXPECT_EQ(CPalmDevice::LayoutForScreen(r.w, r.h), r.layout) << r.w << "x" << r.h;
 }

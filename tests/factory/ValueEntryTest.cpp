@@ -26,7 +26,8 @@ TEST_P(GetDoubleSignRule, RefusesWithItsMessageOrReturnsTheNumber) {
     const SignCase c = GetParam();
     ScriptedUser user;
     user.SetText(kValue, QString::fromLatin1(c.input)).Click(kOk);
-    if (c.refusal) user.Answer(ulo::IDOK).Click(kCancel);
+    if (c.refusal)
+        user.Answer(ulo::IDOK).Click(kCancel);
     double value = 12.5;
     const long result = factory->ShowDlgGetDouble(nullptr, L"Height", value, c.allowNegative,
                                                   c.allowZero, c.allowPositive);
@@ -108,7 +109,8 @@ TEST_P(RotateType, ReturnsTheCodeOfTheSelectedTypeAndTheNumber) {
         presetChecked = static_cast<CWSizeDialog*>(w)->IsDlgButtonChecked(11206);
     });
     user.SetText(kValue, QStringLiteral("30"));
-    if (c.typeButton) user.Click(c.typeButton);
+    if (c.typeButton)
+        user.Click(c.typeButton);
     user.Inspect([&](QWidget* w) { enabledAfter = ulo::FindControl(w, kValue)->isEnabled(); });
     user.Click(kOk);
     double angle = 1.0;

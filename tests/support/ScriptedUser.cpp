@@ -26,20 +26,28 @@ namespace veldtest {
 namespace {
 constexpr int kTickMs = 5;
 
-QString windowTitle(QWidget* w) { return w ? w->windowTitle() : QString(); }
+QString windowTitle(QWidget* w) {
+    return w ? w->windowTitle() : QString();
+}
 
 QString kindName(WindowKind k) {
     switch (k) {
-        case WindowKind::Dialog: return QStringLiteral("dialog");
-        case WindowKind::MessageBox: return QStringLiteral("message box");
-        case WindowKind::FileDialog: return QStringLiteral("file dialog");
-        default: return QStringLiteral("window");
+        case WindowKind::Dialog:
+            return QStringLiteral("dialog");
+        case WindowKind::MessageBox:
+            return QStringLiteral("message box");
+        case WindowKind::FileDialog:
+            return QStringLiteral("file dialog");
+        default:
+            return QStringLiteral("window");
     }
 }
 
 WindowKind kindOf(QWidget* w) {
-    if (qobject_cast<QMessageBox*>(w)) return WindowKind::MessageBox;
-    if (qobject_cast<QFileDialog*>(w)) return WindowKind::FileDialog;
+    if (qobject_cast<QMessageBox*>(w))
+        return WindowKind::MessageBox;
+    if (qobject_cast<QFileDialog*>(w))
+        return WindowKind::FileDialog;
     return WindowKind::Dialog;
 }
 
@@ -57,7 +65,8 @@ QPoint cellCenter(QAbstractItemView* view, int row, int column, QString& error) 
 
 /// Where a click toggles a check box or radio button: on its indicator.
 QPoint buttonHitPoint(QAbstractButton* b) {
-    if (qobject_cast<QPushButton*>(b)) return b->rect().center();
+    if (qobject_cast<QPushButton*>(b))
+        return b->rect().center();
     return QPoint(std::min(8, b->width() / 2), b->height() / 2);
 }
 }  // namespace
@@ -73,7 +82,9 @@ ScriptedUser::ScriptedUser() {
     });
 }
 
-ScriptedUser::~ScriptedUser() { ulo::RemoveBeepListener(beepListener_); }
+ScriptedUser::~ScriptedUser() {
+    ulo::RemoveBeepListener(beepListener_);
+}
 
 ScriptedUser& ScriptedUser::Add(QString what, WindowKind kind,
                                 std::function<QString(QWidget*)> run) {
@@ -95,7 +106,8 @@ ScriptedUser& ScriptedUser::OnControl(QString what, unsigned id,
 
 ScriptedUser& ScriptedUser::Click(unsigned id) {
     return OnControl(QStringLiteral("click %1").arg(id), id, [](QWidget* c) -> QString {
-        if (!c->isEnabled()) return QStringLiteral("control is disabled");
+        if (!c->isEnabled())
+            return QStringLiteral("control is disabled");
         if (auto* b = qobject_cast<QAbstractButton*>(c))
             QTest::mouseClick(b, Qt::LeftButton, {}, buttonHitPoint(b));
         else
@@ -107,8 +119,10 @@ ScriptedUser& ScriptedUser::Click(unsigned id) {
 ScriptedUser& ScriptedUser::Type(unsigned id, const QString& text) {
     return OnControl(QStringLiteral("type %1").arg(id), id, [text](QWidget* c) -> QString {
         auto* e = qobject_cast<QLineEdit*>(c);
-        if (!e) return QStringLiteral("control is not an edit");
-        if (!e->isEnabled()) return QStringLiteral("edit is disabled");
+        if (!e)
+            return QStringLiteral("control is not an edit");
+        if (!e->isEnabled())
+            return QStringLiteral("edit is disabled");
         QTest::mouseClick(e, Qt::LeftButton, {}, e->rect().center());
         QTest::keyClick(e, Qt::Key_End);
         QTest::keyClicks(e, text);
@@ -119,8 +133,10 @@ ScriptedUser& ScriptedUser::Type(unsigned id, const QString& text) {
 ScriptedUser& ScriptedUser::SetText(unsigned id, const QString& text) {
     return OnControl(QStringLiteral("set %1").arg(id), id, [text](QWidget* c) -> QString {
         auto* e = qobject_cast<QLineEdit*>(c);
-        if (!e) return QStringLiteral("control is not an edit");
-        if (!e->isEnabled()) return QStringLiteral("edit is disabled");
+        if (!e)
+            return QStringLiteral("control is not an edit");
+        if (!e->isEnabled())
+            return QStringLiteral("edit is disabled");
         QTest::mouseClick(e, Qt::LeftButton, {}, e->rect().center());
         QTest::keyClick(e, Qt::Key_A, Qt::ControlModifier);
         if (text.isEmpty())
@@ -131,36 +147,40 @@ ScriptedUser& ScriptedUser::SetText(unsigned id, const QString& text) {
     });
 }
 
-ScriptedUser& ScriptedUser::Clear(unsigned id) { return SetText(id, QString()); }
+ScriptedUser& ScriptedUser::Clear(unsigned id) {
+    return SetText(id, QString());
+}
 
 ScriptedUser& ScriptedUser::Pick(unsigned id, int index) {
-    return OnControl(QStringLiteral("pick %1 %2").arg(id).arg(index), id,
-                     [index](QWidget* c) -> QString {
-                         auto* combo = qobject_cast<QComboBox*>(c);
-                         if (!combo) return QStringLiteral("control is not a combo box");
-                         if (!combo->isEnabled()) return QStringLiteral("combo box is disabled");
-                         if (index < 0 || index >= combo->count())
-                             return QStringLiteral("no item %1 (of %2)").arg(index).arg(
-                                 combo->count());
-                         combo->showPopup();
-                         QAbstractItemView* view = combo->view();
-                         const QModelIndex mi = combo->model()->index(index, 0);
-                         view->scrollTo(mi);
-                         QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
-                                           view->visualRect(mi).center());
-                         if (combo->currentIndex() != index)
-                             return QStringLiteral("item %1 could not be picked").arg(index);
-                         return {};
-                     });
+    return OnControl(
+        QStringLiteral("pick %1 %2").arg(id).arg(index), id, [index](QWidget* c) -> QString {
+            auto* combo = qobject_cast<QComboBox*>(c);
+            if (!combo)
+                return QStringLiteral("control is not a combo box");
+            if (!combo->isEnabled())
+                return QStringLiteral("combo box is disabled");
+            if (index < 0 || index >= combo->count())
+                return QStringLiteral("no item %1 (of %2)").arg(index).arg(combo->count());
+            combo->showPopup();
+            QAbstractItemView* view = combo->view();
+            const QModelIndex mi = combo->model()->index(index, 0);
+            view->scrollTo(mi);
+            QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(mi).center());
+            if (combo->currentIndex() != index)
+                return QStringLiteral("item %1 could not be picked").arg(index);
+            return {};
+        });
 }
 
 ScriptedUser& ScriptedUser::Pick(unsigned id, const QString& itemText) {
     return OnControl(QStringLiteral("pick %1 \"%2\"").arg(id).arg(itemText), id,
                      [this, id, itemText](QWidget* c) -> QString {
                          auto* combo = qobject_cast<QComboBox*>(c);
-                         if (!combo) return QStringLiteral("control is not a combo box");
+                         if (!combo)
+                             return QStringLiteral("control is not a combo box");
                          const int index = combo->findText(itemText);
-                         if (index < 0) return QStringLiteral("no item \"%1\"").arg(itemText);
+                         if (index < 0)
+                             return QStringLiteral("no item \"%1\"").arg(itemText);
                          // Run the by-index step at once, on the same window.
                          ScriptedUser inner;
                          inner.stopped_ = true;
@@ -173,10 +193,12 @@ ScriptedUser& ScriptedUser::Tap(unsigned id, int row, int column) {
     return OnControl(QStringLiteral("tap %1 %2 %3").arg(id).arg(row).arg(column), id,
                      [row, column](QWidget* c) -> QString {
                          auto* view = qobject_cast<QAbstractItemView*>(c);
-                         if (!view) return QStringLiteral("control is not a list");
+                         if (!view)
+                             return QStringLiteral("control is not a list");
                          QString error;
                          const QPoint p = cellCenter(view, row, column, error);
-                         if (!error.isEmpty()) return error;
+                         if (!error.isEmpty())
+                             return error;
                          QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, p);
                          return {};
                      });
@@ -186,10 +208,12 @@ ScriptedUser& ScriptedUser::DoubleTap(unsigned id, int row, int column) {
     return OnControl(QStringLiteral("dtap %1 %2 %3").arg(id).arg(row).arg(column), id,
                      [row, column](QWidget* c) -> QString {
                          auto* view = qobject_cast<QAbstractItemView*>(c);
-                         if (!view) return QStringLiteral("control is not a list");
+                         if (!view)
+                             return QStringLiteral("control is not a list");
                          QString error;
                          const QPoint p = cellCenter(view, row, column, error);
-                         if (!error.isEmpty()) return error;
+                         if (!error.isEmpty())
+                             return error;
                          QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, p);
                          QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, p);
                          return {};
@@ -206,7 +230,8 @@ ScriptedUser& ScriptedUser::Key(unsigned id, int qtKey) {
     return OnControl(QStringLiteral("key %1").arg(id), id, [qtKey](QWidget* c) -> QString {
         c->setFocus(Qt::OtherFocusReason);
         QWidget* target = c;
-        if (auto* view = qobject_cast<QAbstractItemView*>(c)) target = view;
+        if (auto* view = qobject_cast<QAbstractItemView*>(c))
+            target = view;
         QTest::keyClick(target, static_cast<Qt::Key>(qtKey));
         return {};
     });
@@ -216,7 +241,8 @@ ScriptedUser& ScriptedUser::SwitchTab(unsigned id, int index) {
     return OnControl(QStringLiteral("tab %1 %2").arg(id).arg(index), id,
                      [index](QWidget* c) -> QString {
                          auto* bar = qobject_cast<QTabBar*>(c);
-                         if (!bar) return QStringLiteral("control is not a tab control");
+                         if (!bar)
+                             return QStringLiteral("control is not a tab control");
                          if (index < 0 || index >= bar->count())
                              return QStringLiteral("no tab %1").arg(index);
                          QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(index).center());
@@ -231,7 +257,8 @@ ScriptedUser& ScriptedUser::Press(unsigned id, double fx, double fy) {
         QWidget* window = c->window();
         const QPoint inWindow = c->mapTo(window, local);
         QWidget* target = window->childAt(inWindow);
-        if (!target) target = window;
+        if (!target)
+            target = window;
         QTest::mouseClick(target, Qt::LeftButton, {}, target->mapFrom(window, inWindow));
         return {};
     });
@@ -243,14 +270,24 @@ ScriptedUser& ScriptedUser::Answer(int button) {
                    auto* box = qobject_cast<QMessageBox*>(w);
                    QMessageBox::StandardButton sb = QMessageBox::NoButton;
                    switch (button) {
-                       case ulo::IDOK: sb = QMessageBox::Ok; break;
-                       case ulo::IDCANCEL: sb = QMessageBox::Cancel; break;
-                       case ulo::IDYES: sb = QMessageBox::Yes; break;
-                       case ulo::IDNO: sb = QMessageBox::No; break;
-                       default: break;
+                       case ulo::IDOK:
+                           sb = QMessageBox::Ok;
+                           break;
+                       case ulo::IDCANCEL:
+                           sb = QMessageBox::Cancel;
+                           break;
+                       case ulo::IDYES:
+                           sb = QMessageBox::Yes;
+                           break;
+                       case ulo::IDNO:
+                           sb = QMessageBox::No;
+                           break;
+                       default:
+                           break;
                    }
                    QAbstractButton* b = box->button(sb);
-                   if (!b) return QStringLiteral("the message box has no button %1").arg(button);
+                   if (!b)
+                       return QStringLiteral("the message box has no button %1").arg(button);
                    MessageRecord r{box->property("veldCaption").toString(),
                                    box->property("veldText").toString(),
                                    box->property("veldFlags").toUInt(), button};
@@ -268,11 +305,12 @@ ScriptedUser& ScriptedUser::Answer(int button) {
 ScriptedUser& ScriptedUser::AnswerFile(const QString& path) {
     return Add(QStringLiteral("file"), WindowKind::FileDialog, [this, path](QWidget* w) -> QString {
         auto* dialog = qobject_cast<QFileDialog*>(w);
-        Emit(QJsonObject{{QStringLiteral("event"), QStringLiteral("file-dialog")},
-                         {QStringLiteral("title"), dialog->windowTitle()},
-                         {QStringLiteral("folder"), dialog->directory().absolutePath()},
-                         {QStringLiteral("filters"), dialog->nameFilters().join(QStringLiteral(";;"))},
-                         {QStringLiteral("answer"), path}});
+        Emit(QJsonObject{
+            {QStringLiteral("event"), QStringLiteral("file-dialog")},
+            {QStringLiteral("title"), dialog->windowTitle()},
+            {QStringLiteral("folder"), dialog->directory().absolutePath()},
+            {QStringLiteral("filters"), dialog->nameFilters().join(QStringLiteral(";;"))},
+            {QStringLiteral("answer"), path}});
         dialog->selectFile(path);
         QMetaObject::invokeMethod(dialog, "accept");
         return {};
@@ -280,15 +318,16 @@ ScriptedUser& ScriptedUser::AnswerFile(const QString& path) {
 }
 
 ScriptedUser& ScriptedUser::CancelFile() {
-    return Add(QStringLiteral("file cancel"), WindowKind::FileDialog, [this](QWidget* w) -> QString {
-        auto* dialog = qobject_cast<QFileDialog*>(w);
-        Emit(QJsonObject{{QStringLiteral("event"), QStringLiteral("file-dialog")},
-                         {QStringLiteral("title"), dialog->windowTitle()},
-                         {QStringLiteral("folder"), dialog->directory().absolutePath()},
-                         {QStringLiteral("answer"), QJsonValue()}});
-        dialog->reject();
-        return {};
-    });
+    return Add(QStringLiteral("file cancel"), WindowKind::FileDialog,
+               [this](QWidget* w) -> QString {
+                   auto* dialog = qobject_cast<QFileDialog*>(w);
+                   Emit(QJsonObject{{QStringLiteral("event"), QStringLiteral("file-dialog")},
+                                    {QStringLiteral("title"), dialog->windowTitle()},
+                                    {QStringLiteral("folder"), dialog->directory().absolutePath()},
+                                    {QStringLiteral("answer"), QJsonValue()}});
+                   dialog->reject();
+                   return {};
+               });
 }
 
 ScriptedUser& ScriptedUser::Help() {
@@ -307,7 +346,8 @@ ScriptedUser& ScriptedUser::Close() {
 
 ScriptedUser& ScriptedUser::Shot(const QString& pngPath) {
     return Add(QStringLiteral("shot"), WindowKind::Any, [pngPath](QWidget* w) -> QString {
-        if (!w->grab().save(pngPath)) return QStringLiteral("cannot write %1").arg(pngPath);
+        if (!w->grab().save(pngPath))
+            return QStringLiteral("cannot write %1").arg(pngPath);
         return {};
     });
 }
@@ -340,18 +380,20 @@ QJsonObject ScriptedUser::ControlState(QWidget* c) {
     } else if (auto* combo = qobject_cast<QComboBox*>(c)) {
         o.insert(QStringLiteral("kind"), QStringLiteral("combo"));
         QJsonArray items;
-        for (int i = 0; i < combo->count(); ++i) items.append(combo->itemText(i));
+        for (int i = 0; i < combo->count(); ++i)
+            items.append(combo->itemText(i));
         o.insert(QStringLiteral("items"), items);
         o.insert(QStringLiteral("selected"), combo->currentIndex());
         o.insert(QStringLiteral("text"), combo->currentText());
     } else if (auto* b = qobject_cast<QAbstractButton*>(c)) {
         const bool push = qobject_cast<QPushButton*>(c) != nullptr;
-        o.insert(QStringLiteral("kind"), push                          ? QStringLiteral("button")
+        o.insert(QStringLiteral("kind"), push ? QStringLiteral("button")
                                          : b->autoExclusive() || b->group()
                                              ? QStringLiteral("radio")
                                              : QStringLiteral("check"));
         o.insert(QStringLiteral("text"), b->text());
-        if (!push) o.insert(QStringLiteral("checked"), b->isChecked());
+        if (!push)
+            o.insert(QStringLiteral("checked"), b->isChecked());
     } else if (auto* view = qobject_cast<QAbstractItemView*>(c)) {
         o.insert(QStringLiteral("kind"), QStringLiteral("list"));
         QJsonArray rows;
@@ -370,7 +412,8 @@ QJsonObject ScriptedUser::ControlState(QWidget* c) {
     } else if (auto* tab = qobject_cast<QTabBar*>(c)) {
         o.insert(QStringLiteral("kind"), QStringLiteral("tabs"));
         QJsonArray items;
-        for (int i = 0; i < tab->count(); ++i) items.append(tab->tabText(i));
+        for (int i = 0; i < tab->count(); ++i)
+            items.append(tab->tabText(i));
         o.insert(QStringLiteral("items"), items);
         o.insert(QStringLiteral("selected"), tab->currentIndex());
     } else if (auto* sb = qobject_cast<QScrollBar*>(c)) {
@@ -389,33 +432,38 @@ QJsonObject ScriptedUser::ControlState(QWidget* c) {
 }
 
 void ScriptedUser::NoteWindow(QWidget* window) {
-    if (window == lastWindow_) return;
+    if (window == lastWindow_)
+        return;
     lastWindow_ = window;
-    if (kindOf(window) != WindowKind::Dialog) return;
+    if (kindOf(window) != WindowKind::Dialog)
+        return;
     // A dialog seen again after a message box closed is not a new one.
     seen_.erase(std::remove_if(seen_.begin(), seen_.end(),
                                [](const QPointer<QWidget>& p) { return p.isNull(); }),
                 seen_.end());
-    if (std::find(seen_.begin(), seen_.end(), window) != seen_.end()) return;
+    if (std::find(seen_.begin(), seen_.end(), window) != seen_.end())
+        return;
     seen_.push_back(window);
     DialogRecord r;
     r.title = window->windowTitle();
     r.templateId = window->property("veldBaseId").toUInt();
-    r.layout = window->property("veldLayout").isValid() ? window->property("veldLayout").toInt()
-                                                        : -1;
+    r.layout =
+        window->property("veldLayout").isValid() ? window->property("veldLayout").toInt() : -1;
     r.help = ulo::GetHelpTopic().ToQString();
     dialogs_.push_back(r);
-    Emit(QJsonObject{{QStringLiteral("event"), QStringLiteral("dialog")},
-                     {QStringLiteral("title"), r.title},
-                     {QStringLiteral("template"), int(r.templateId)},
-                     {QStringLiteral("layout"), r.layout},
-                     {QStringLiteral("help"),
-                      r.help.isEmpty() ? QJsonValue() : QJsonValue(r.help)}});
+    Emit(QJsonObject{
+        {QStringLiteral("event"), QStringLiteral("dialog")},
+        {QStringLiteral("title"), r.title},
+        {QStringLiteral("template"), int(r.templateId)},
+        {QStringLiteral("layout"), r.layout},
+        {QStringLiteral("help"), r.help.isEmpty() ? QJsonValue() : QJsonValue(r.help)}});
 }
 
 void ScriptedUser::Tick() {
-    if (!stopped_) QTimer::singleShot(kTickMs, this, &ScriptedUser::Tick);
-    if (closing_) return;
+    if (!stopped_)
+        QTimer::singleShot(kTickMs, this, &ScriptedUser::Tick);
+    if (closing_)
+        return;
     QWidget* window = QApplication::activeModalWidget();
     if (!window || !window->isVisible()) {
         idleMs_ = 0;
@@ -463,25 +511,30 @@ void ScriptedUser::CloseAll() {
     // unwind only after this returns, so close every window in the stack.
     for (int pass = 0; pass < 8; ++pass) {
         QWidget* w = QApplication::activeModalWidget();
-        if (!w) break;
+        if (!w)
+            break;
         if (auto* d = qobject_cast<QDialog*>(w))
             d->reject();
         else
             w->close();
-        if (QApplication::activeModalWidget() == w) w->hide();
+        if (QApplication::activeModalWidget() == w)
+            w->hide();
     }
     closing_ = false;
     idleMs_ = 0;
 }
 
 void ScriptedUser::Emit(const QJsonObject& event) {
-    if (onEvent) onEvent(event);
+    if (onEvent)
+        onEvent(event);
 }
 
 QString ScriptedUser::Report() const {
     QStringList lines;
-    for (const auto& f : failures_) lines << QStringLiteral("failure: ") + f;
-    for (const auto& s : steps_) lines << QStringLiteral("not performed: ") + s.what;
+    for (const auto& f : failures_)
+        lines << QStringLiteral("failure: ") + f;
+    for (const auto& s : steps_)
+        lines << QStringLiteral("not performed: ") + s.what;
     return lines.join(QLatin1Char('\n'));
 }
 

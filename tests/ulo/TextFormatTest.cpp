@@ -15,19 +15,24 @@ TEST(NumberText, FixedDecimals) {
         int decimals;
         const wchar_t* text;
     } const rows[] = {
-        {1.2345678, 6, L"1.234568"}, {0.0, 0, L"0"},         {20.0, 0, L"20"},
-        {-2.5, 3, L"-2.500"},        {1e-9, 4, L"0.0000"},   {12.34567, 8, L"12.34567000"},
+        {1.2345678, 6, L"1.234568"},
+        {0.0, 0, L"0"},
+        {20.0, 0, L"20"},
+        {-2.5, 3, L"-2.500"},
+        {1e-9, 4, L"0.0000"},
+        {12.34567, 8, L"12.34567000"},
         {std::numeric_limits<double>::quiet_NaN(), 3, L"0.000"},
         {std::numeric_limits<double>::infinity(), 2, L"0.00"},
     };
-    for (const auto& r : rows) EXPECT_EQ(ulo::CStringDaDouble(r.v, 0, r.decimals), r.text);
+    for (const auto& r : rows)
+        EXPECT_EQ(ulo::CStringDaDouble(r.v, 0, r.decimals), r.text);
 }
 
 TEST(NumberText, ReadingTakesTheLeadingNumberOrZero) {
     struct {
         const wchar_t* text;
         double v;
-    } const rows[] = {{L"12.5", 12.5}, {L"  -3", -3},   {L"12abc", 12}, {L"abc", 0},
+    } const rows[] = {{L"12.5", 12.5}, {L"  -3", -3},  {L"12abc", 12}, {L"abc", 0},
                       {L"", 0},        {L"1e3", 1000}, {L".5", 0.5},   {L"-", 0}};
     for (const auto& r : rows) {
         EXPECT_DOUBLE_EQ(ulo::DoubleDaCString(r.text), r.v);
@@ -40,9 +45,10 @@ TEST(NumberText, ValueOfDropsTrailingZeros) {
     struct {
         double v;
         const wchar_t* text;
-    } const rows[] = {{1.0, L"1"}, {0.5, L"0.5"}, {-2.125, L"-2.125"}, {1e-7, L"0"},
-                      {-0.0000001, L"0"}, {12.3456789, L"12.345679"}};
-    for (const auto& r : rows) EXPECT_EQ(WString::ValueOf(r.v, 6), r.text);
+    } const rows[] = {{1.0, L"1"},  {0.5, L"0.5"},      {-2.125, L"-2.125"},
+                      {1e-7, L"0"}, {-0.0000001, L"0"}, {12.3456789, L"12.345679"}};
+    for (const auto& r : rows)
+        EXPECT_EQ(WString::ValueOf(r.v, 6), r.text);
 }
 
 TEST(NumberText, ArCharDaDoubleNeverOverrunsItsBuffer) {
@@ -62,7 +68,8 @@ TEST(SafeFormat, FillsNumberedPlaceholders) {
         const wchar_t* out;
     } const rows[] = {
         {L"Definition of {1} is not correct on line {2} in file {3}: {4}", 4,
-         L"Definition of DASHED is not correct on line 12 in file veld.lin: invalid alignment code"},
+         L"Definition of DASHED is not correct on line 12 in file veld.lin: invalid alignment "
+         L"code"},
         {L"{2} before {1}", 2, L"12 before DASHED"},
         {L"missing {3}", 2, L"missing {3}"},
         {L"{0} and {} and {x}", 4, L"{0} and {} and {x}"},
@@ -70,7 +77,8 @@ TEST(SafeFormat, FillsNumberedPlaceholders) {
         {L"open {1", 1, L"open {1"},
         {L"{99999999999}", 4, L"{99999999999}"},
     };
-    for (const auto& r : rows) EXPECT_EQ(ulo::detail::ulo_safefmt(r.format, r.count, args), r.out);
+    for (const auto& r : rows)
+        EXPECT_EQ(ulo::detail::ulo_safefmt(r.format, r.count, args), r.out);
     EXPECT_EQ(ulo::detail::ulo_safefmt(L"{1}", 1, nullptr), L"{1}");
 }
 

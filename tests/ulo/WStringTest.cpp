@@ -10,7 +10,7 @@ TEST(WString, ComparisonsWithAndWithoutCase) {
         int exact, ignoringCase;
     } const rows[] = {
         {L"Layer", L"LAYER", 1, 0}, {L"abc", L"ABD", 1, -1}, {L"abcd", L"ABC", 1, 1},
-        {L"", L"", 0, 0},           {L"a", L"b", -1, -1},     {L"Z", L"a", -1, 1},
+        {L"", L"", 0, 0},           {L"a", L"b", -1, -1},    {L"Z", L"a", -1, 1},
     };
     for (const auto& r : rows) {
         EXPECT_EQ(WString(r.a).Compare(r.b), r.exact) << WString(r.a).ToQString().toStdString();
@@ -23,7 +23,8 @@ TEST(WString, TrimRemovesBlanksAtBothEndsOnly) {
     struct {
         const wchar_t *in, *out;
     } const rows[] = {{L"  a b \t\r\n", L"a b"}, {L" \t ", L""}, {L"x", L"x"}, {L"", L""}};
-    for (const auto& r : rows) EXPECT_EQ(WString(r.in).Trim(), r.out);
+    for (const auto& r : rows)
+        EXPECT_EQ(WString(r.in).Trim(), r.out);
 }
 
 TEST(WString, BufferAndCharacterAccess) {

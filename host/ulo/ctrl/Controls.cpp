@@ -22,10 +22,12 @@ unsigned GetDlgCtrlID(const QWidget* widget) {
 }
 
 QWidget* FindControl(const QWidget* window, unsigned id) {
-    if (!window) return nullptr;
+    if (!window)
+        return nullptr;
     const auto children = window->findChildren<QWidget*>();
     for (QWidget* w : children)
-        if (GetDlgCtrlID(w) == id) return w;
+        if (GetDlgCtrlID(w) == id)
+            return w;
     return nullptr;
 }
 
@@ -34,15 +36,21 @@ QWidget* FindControl(const QWidget* window, unsigned id) {
 namespace {
 QColor schemeColor(int scheme, bool text) {
     switch (scheme) {
-        case 0: return text ? QColor(0x10, 0x3c, 0x8c) : QColor(0xdc, 0xe8, 0xf8);
-        case 1: return text ? QColor(0x40, 0x40, 0x40) : QColor(0x90, 0x90, 0x90);
-        case 3: return text ? QColor(0x20, 0x20, 0x20) : QColor(0xd8, 0xd8, 0xd8);
-        default: return text ? QColor(0x20, 0x20, 0x20) : QColor(0xff, 0xff, 0xff);
+        case 0:
+            return text ? QColor(0x10, 0x3c, 0x8c) : QColor(0xdc, 0xe8, 0xf8);
+        case 1:
+            return text ? QColor(0x40, 0x40, 0x40) : QColor(0x90, 0x90, 0x90);
+        case 3:
+            return text ? QColor(0x20, 0x20, 0x20) : QColor(0xd8, 0xd8, 0xd8);
+        default:
+            return text ? QColor(0x20, 0x20, 0x20) : QColor(0xff, 0xff, 0xff);
     }
 }
 }  // namespace
 
-CColButton::CColButton(QWidget* parent) : QPushButton(parent) { setAutoDefault(false); }
+CColButton::CColButton(QWidget* parent) : QPushButton(parent) {
+    setAutoDefault(false);
+}
 
 void CColButton::SetBtnColor(int textScheme, int backScheme) {
     text_ = textScheme;
@@ -62,7 +70,8 @@ void CColButton::SetImageList(const QPixmap& image) {
 }
 
 void CColButton::SetIconOnlyState(bool iconOnly) {
-    if (iconOnly) setText(QString());
+    if (iconOnly)
+        setText(QString());
     setFlat(iconOnly);
 }
 
@@ -73,7 +82,8 @@ CCEBaseKeybEdit::CCEBaseKeybEdit(QWidget* parent) : QLineEdit(parent) {}
 void CCEBaseKeybEdit::SetKeyb(void* keyboard) {
     const bool takenAway = keyboard_ && !keyboard;
     keyboard_ = keyboard;
-    if (takenAway) Q_EMIT keyboardTakenAway();
+    if (takenAway)
+        Q_EMIT keyboardTakenAway();
 }
 
 void CCEBaseKeybEdit::focusInEvent(QFocusEvent* event) {
@@ -84,7 +94,8 @@ void CCEBaseKeybEdit::focusInEvent(QFocusEvent* event) {
 
 void CCEBaseKeybEdit::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (keyboard_) SetKeyb(nullptr);
+    if (keyboard_)
+        SetKeyb(nullptr);
 }
 
 void CCEBaseKeybEdit::keyPressEvent(QKeyEvent* event) {
@@ -114,7 +125,8 @@ int CCEBaseKeybCombo::AddString(const QString& text, quintptr data) {
     int index = count();
     if (sorted_) {
         index = 0;
-        while (index < count() && QString::localeAwareCompare(itemText(index), text) <= 0) ++index;
+        while (index < count() && QString::localeAwareCompare(itemText(index), text) <= 0)
+            ++index;
     }
     insertItem(index, text, QVariant::fromValue<quintptr>(data));
     return index;
@@ -126,7 +138,8 @@ quintptr CCEBaseKeybCombo::GetItemDataAt(int index) const {
 
 int CCEBaseKeybCombo::FindItemData(quintptr data) const {
     for (int i = 0; i < count(); ++i)
-        if (GetItemDataAt(i) == data) return i;
+        if (GetItemDataAt(i) == data)
+            return i;
     return -1;
 }
 
@@ -135,7 +148,8 @@ int CCEBaseKeybCombo::FindItemData(quintptr data) const {
 CColorStatic::CColorStatic(QWidget* parent, GColorRef color) : QFrame(parent), color_(color) {}
 
 void CColorStatic::SetColor(GColorRef color) {
-    if (color == color_) return;
+    if (color == color_)
+        return;
     color_ = color;
     update();
 }
@@ -159,7 +173,8 @@ CCEMSGridCtrl::CCEMSGridCtrl(int rows, int columns, QWidget* parent)
 int CCEMSGridCtrl::AddRow() {
     const int row = rowCount();
     insertRow(row);
-    for (int c = 0; c < columnCount(); ++c) setItem(row, c, new QTableWidgetItem());
+    for (int c = 0; c < columnCount(); ++c)
+        setItem(row, c, new QTableWidgetItem());
     if (columnCount() > 0) {
         item(row, 0)->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
         item(row, 0)->setCheckState(Qt::Unchecked);
@@ -167,10 +182,13 @@ int CCEMSGridCtrl::AddRow() {
     return row;
 }
 
-void CCEMSGridCtrl::DeleteRow(int row) { removeRow(row); }
+void CCEMSGridCtrl::DeleteRow(int row) {
+    removeRow(row);
+}
 
 void CCEMSGridCtrl::SetCheck(int row, bool checked) {
-    if (auto* it = item(row, 0)) it->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
+    if (auto* it = item(row, 0))
+        it->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
 }
 
 bool CCEMSGridCtrl::GetCheck(int row) const {
@@ -178,10 +196,13 @@ bool CCEMSGridCtrl::GetCheck(int row) const {
     return it && it->checkState() == Qt::Checked;
 }
 
-void CCEMSGridCtrl::ToggleCheck(int row) { SetCheck(row, !GetCheck(row)); }
+void CCEMSGridCtrl::ToggleCheck(int row) {
+    SetCheck(row, !GetCheck(row));
+}
 
 void CCEMSGridCtrl::SetItemPtr(int row, quintptr data) {
-    if (auto* it = item(row, 0)) it->setData(Qt::UserRole, QVariant::fromValue<quintptr>(data));
+    if (auto* it = item(row, 0))
+        it->setData(Qt::UserRole, QVariant::fromValue<quintptr>(data));
 }
 
 quintptr CCEMSGridCtrl::GetItemPtr(int row) const {
@@ -190,7 +211,8 @@ quintptr CCEMSGridCtrl::GetItemPtr(int row) const {
 }
 
 void CCEMSGridCtrl::SetCellText(int row, int column, const QString& text) {
-    if (auto* it = item(row, column)) it->setText(text);
+    if (auto* it = item(row, column))
+        it->setText(text);
 }
 
 }  // namespace ulo

@@ -19,14 +19,18 @@ namespace ulo {
 
 CDialogUnits::CDialogUnits(const QFont& font) {
     const QFontMetrics fm(font);
-    const int alphabet =
-        fm.horizontalAdvance(QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"));
+    const int alphabet = fm.horizontalAdvance(
+        QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"));
     baseX_ = std::max(1, (alphabet / 26 + 1) / 2);
     baseY_ = std::max(1, fm.height());
 }
 
-int CDialogUnits::X(int du) const { return static_cast<int>(std::lround(du * baseX_ / 4.0)); }
-int CDialogUnits::Y(int du) const { return static_cast<int>(std::lround(du * baseY_ / 8.0)); }
+int CDialogUnits::X(int du) const {
+    return static_cast<int>(std::lround(du * baseX_ / 4.0));
+}
+int CDialogUnits::Y(int du) const {
+    return static_cast<int>(std::lround(du * baseY_ / 8.0));
+}
 
 QRect CDialogUnits::Rect(const DlgRect& r) const {
     const int left = X(r.x);
@@ -36,7 +40,8 @@ QRect CDialogUnits::Rect(const DlgRect& r) const {
 
 void InstallDialogFontSubstitutions() {
     static bool done = false;
-    if (done) return;
+    if (done)
+        return;
     done = true;
     const QStringList sans = {QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans"),
                               QStringLiteral("Arial"), QStringLiteral("Helvetica")};
@@ -76,7 +81,8 @@ void SetHelpCommandHandler(std::function<void(QWidget*)> handler) {
 }
 
 void InvokeHelpCommand(QWidget* dialog) {
-    if (helpHandler()) helpHandler()(dialog);
+    if (helpHandler())
+        helpHandler()(dialog);
 }
 
 // ---------------------------------------------------------------- the dialog
@@ -89,10 +95,12 @@ CWSizeDialog::CWSizeDialog(unsigned templateId, CWnd* parent)
 CWSizeDialog::~CWSizeDialog() = default;
 
 bool CWSizeDialog::Build(CWnd* parent, bool child) {
-    if (built_) return true;
+    if (built_)
+        return true;
     const HINSTANCE module = AfxGetResourceHandle();
     template_ = module ? module->FindTemplate(templateId_, &variant_) : nullptr;
-    if (!template_) return false;
+    if (!template_)
+        return false;
     setProperty("veldLayout", variant_);
     setProperty("veldBaseId", template_->baseId);
 
@@ -115,7 +123,8 @@ bool CWSizeDialog::Build(CWnd* parent, bool child) {
     QButtonGroup* radioGroup = nullptr;
     for (const CtrlTemplate& ctrl : template_->controls) {
         QWidget* w = BuildControl(ctrl, variant_);
-        if (!w) continue;
+        if (!w)
+            continue;
         if (ctrl.kind == CtrlKind::RadioButton) {
             if (!radioGroup || (ctrl.style & kGroupStart)) {
                 radioGroup = new QButtonGroup(this);
@@ -143,27 +152,37 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
                 l->setAlignment((ctrl.style & kCenter)  ? Qt::AlignHCenter | Qt::AlignTop
                                 : (ctrl.style & kRight) ? Qt::AlignRight | Qt::AlignTop
                                                         : Qt::AlignLeft | Qt::AlignTop);
-                if (ctrl.style & kBorder) l->setFrameStyle(QFrame::Box | QFrame::Plain);
+                if (ctrl.style & kBorder)
+                    l->setFrameStyle(QFrame::Box | QFrame::Plain);
                 w = l;
                 break;
             }
-            case CtrlKind::GroupBox: w = new QGroupBox(label, this); break;
+            case CtrlKind::GroupBox:
+                w = new QGroupBox(label, this);
+                break;
             case CtrlKind::PushButton: {
                 auto* b = new CColButton(this);
                 b->setText(label);
                 w = b;
                 break;
             }
-            case CtrlKind::CheckBox: w = new CCEBaseButton(label, this); break;
-            case CtrlKind::RadioButton: w = new CCERadioButton(label, this); break;
+            case CtrlKind::CheckBox:
+                w = new CCEBaseButton(label, this);
+                break;
+            case CtrlKind::RadioButton:
+                w = new CCERadioButton(label, this);
+                break;
             case CtrlKind::Edit: {
                 CCEBaseKeybEdit* e = (ctrl.style & kNumeric)
                                          ? static_cast<CCEBaseKeybEdit*>(new CCEEditKeybNum(this))
                                          : new CCEEditKeybTxt(this);
                 e->setText(label);
-                if (ctrl.style & kPassword) e->setEchoMode(QLineEdit::Password);
-                if (ctrl.style & kUppercase) e->setValidator(new UppercaseValidator(e));
-                if (ctrl.style & kReadOnly) e->setReadOnly(true);
+                if (ctrl.style & kPassword)
+                    e->setEchoMode(QLineEdit::Password);
+                if (ctrl.style & kUppercase)
+                    e->setValidator(new UppercaseValidator(e));
+                if (ctrl.style & kReadOnly)
+                    e->setReadOnly(true);
                 w = e;
                 break;
             }
@@ -189,22 +208,30 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
                 w = t;
                 break;
             }
-            case CtrlKind::ScrollBarH: w = new QScrollBar(Qt::Horizontal, this); break;
+            case CtrlKind::ScrollBarH:
+                w = new QScrollBar(Qt::Horizontal, this);
+                break;
             case CtrlKind::Custom: {
                 auto* f = new QFrame(this);
-                if (ctrl.style & kBorder) f->setFrameStyle(QFrame::Box | QFrame::Plain);
+                if (ctrl.style & kBorder)
+                    f->setFrameStyle(QFrame::Box | QFrame::Plain);
                 w = f;
                 break;
             }
         }
     }
-    if (w->parentWidget() != this) w->setParent(this);
+    if (w->parentWidget() != this)
+        w->setParent(this);
     w->setProperty(kCtrlIdProperty, ctrl.id);
-    if (ctrl.id != kStaticId) w->setObjectName(QStringLiteral("ctrl_%1").arg(ctrl.id));
+    if (ctrl.id != kStaticId)
+        w->setObjectName(QStringLiteral("ctrl_%1").arg(ctrl.id));
     w->setGeometry(units_->Rect(ctrl.rect[variant]));
-    if (ctrl.kind == CtrlKind::GroupBox) w->lower();
-    if ((ctrl.style & kHidden) || (ctrl.hiddenIn & (1u << variant))) w->setHidden(true);
-    if ((ctrl.style & kDisabled) || (ctrl.disabledIn & (1u << variant))) w->setEnabled(false);
+    if (ctrl.kind == CtrlKind::GroupBox)
+        w->lower();
+    if ((ctrl.style & kHidden) || (ctrl.hiddenIn & (1u << variant)))
+        w->setHidden(true);
+    if ((ctrl.style & kDisabled) || (ctrl.disabledIn & (1u << variant)))
+        w->setEnabled(false);
 
     if (auto* button = qobject_cast<QAbstractButton*>(w)) {
         const unsigned id = ctrl.id;
@@ -214,7 +241,8 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
 }
 
 INT_PTR CWSizeDialog::DoModal() {
-    if (!Build(parentWidget(), false)) return -1;
+    if (!Build(parentWidget(), false))
+        return -1;
     if (!OnInitDialog()) {
         // The dialog reported failure of its own set-up.
     }
@@ -224,14 +252,21 @@ INT_PTR CWSizeDialog::DoModal() {
 bool CWSizeDialog::Create(unsigned templateId, CWnd* parent) {
     templateId_ = templateId;
     setProperty("veldTemplateId", templateId);
-    if (!Build(parent, true)) return false;
+    if (!Build(parent, true))
+        return false;
     OnInitDialog();
     return true;
 }
 
-BOOL CWSizeDialog::OnInitDialog() { return TRUE; }
-void CWSizeDialog::OnOK() { EndDialog(IDOK); }
-void CWSizeDialog::OnCancel() { EndDialog(IDCANCEL); }
+BOOL CWSizeDialog::OnInitDialog() {
+    return TRUE;
+}
+void CWSizeDialog::OnOK() {
+    EndDialog(IDOK);
+}
+void CWSizeDialog::OnCancel() {
+    EndDialog(IDCANCEL);
+}
 
 bool CWSizeDialog::OnCommand(unsigned id) {
     if (id == okId_) {
@@ -249,37 +284,59 @@ bool CWSizeDialog::OnCommand(unsigned id) {
     return false;
 }
 
-QWidget* CWSizeDialog::CreateCustomControl(const CtrlTemplate&, QWidget*) { return nullptr; }
+QWidget* CWSizeDialog::CreateCustomControl(const CtrlTemplate&, QWidget*) {
+    return nullptr;
+}
 
 void CWSizeDialog::SetOkCancelIds(unsigned okId, unsigned cancelId) {
     okId_ = okId;
     cancelId_ = cancelId;
 }
 
-void CWSizeDialog::EndDialog(int code) { done(code); }
+void CWSizeDialog::EndDialog(int code) {
+    done(code);
+}
 
-void CWSizeDialog::reject() { OnCancel(); }
-void CWSizeDialog::accept() { OnOK(); }
+void CWSizeDialog::reject() {
+    OnCancel();
+}
+void CWSizeDialog::accept() {
+    OnOK();
+}
 
 void CWSizeDialog::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
-        case Qt::Key_F1: OnCommand(ID_HELP); return;
+        case Qt::Key_F1:
+            OnCommand(ID_HELP);
+            return;
         case Qt::Key_Return:
-        case Qt::Key_Enter: OnCommand(okId_); return;
-        case Qt::Key_Escape: OnCommand(cancelId_); return;
-        default: QDialog::keyPressEvent(event);
+        case Qt::Key_Enter:
+            OnCommand(okId_);
+            return;
+        case Qt::Key_Escape:
+            OnCommand(cancelId_);
+            return;
+        default:
+            QDialog::keyPressEvent(event);
     }
 }
 
-QWidget* CWSizeDialog::GetDlgItem(unsigned id) const { return FindControl(this, id); }
+QWidget* CWSizeDialog::GetDlgItem(unsigned id) const {
+    return FindControl(this, id);
+}
 
 QString CWSizeDialog::GetDlgItemText(unsigned id) const {
     QWidget* w = GetDlgItem(id);
-    if (auto* e = qobject_cast<QLineEdit*>(w)) return e->text();
-    if (auto* l = qobject_cast<QLabel*>(w)) return l->text();
-    if (auto* b = qobject_cast<QAbstractButton*>(w)) return b->text();
-    if (auto* g = qobject_cast<QGroupBox*>(w)) return g->title();
-    if (auto* c = qobject_cast<QComboBox*>(w)) return c->currentText();
+    if (auto* e = qobject_cast<QLineEdit*>(w))
+        return e->text();
+    if (auto* l = qobject_cast<QLabel*>(w))
+        return l->text();
+    if (auto* b = qobject_cast<QAbstractButton*>(w))
+        return b->text();
+    if (auto* g = qobject_cast<QGroupBox*>(w))
+        return g->title();
+    if (auto* c = qobject_cast<QComboBox*>(w))
+        return c->currentText();
     return QString();
 }
 
@@ -296,7 +353,8 @@ void CWSizeDialog::SetDlgItemText(unsigned id, const QString& text) {
 }
 
 void CWSizeDialog::EnableDlgItem(unsigned id, bool enable) {
-    if (QWidget* w = GetDlgItem(id)) w->setEnabled(enable);
+    if (QWidget* w = GetDlgItem(id))
+        w->setEnabled(enable);
 }
 
 bool CWSizeDialog::IsDlgButtonChecked(unsigned id) const {
@@ -305,24 +363,29 @@ bool CWSizeDialog::IsDlgButtonChecked(unsigned id) const {
 }
 
 void CWSizeDialog::CheckDlgButton(unsigned id, bool checked) {
-    if (auto* b = GetDlgItem<QAbstractButton>(id)) b->setChecked(checked);
+    if (auto* b = GetDlgItem<QAbstractButton>(id))
+        b->setChecked(checked);
 }
 
 void CWSizeDialog::CheckRadioButton(unsigned first, unsigned last, unsigned id) {
     for (unsigned i = first; i <= last; ++i) {
         auto* b = GetDlgItem<QAbstractButton>(i);
-        if (!b) continue;
+        if (!b)
+            continue;
         QButtonGroup* g = b->group();
         const bool exclusive = g && g->exclusive();
-        if (exclusive && i != id && b->isChecked()) g->setExclusive(false);
+        if (exclusive && i != id && b->isChecked())
+            g->setExclusive(false);
         b->setChecked(i == id);
-        if (exclusive) g->setExclusive(true);
+        if (exclusive)
+            g->setExclusive(true);
     }
 }
 
 unsigned CWSizeDialog::GetCheckedRadioButton(unsigned first, unsigned last) const {
     for (unsigned i = first; i <= last; ++i)
-        if (IsDlgButtonChecked(i)) return i;
+        if (IsDlgButtonChecked(i))
+            return i;
     return 0;
 }
 

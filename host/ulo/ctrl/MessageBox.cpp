@@ -18,32 +18,53 @@ int CreateMessageBox(CWnd* owner, const WString& caption, const WString& text, u
     box.setProperty("veldText", text.ToQString());
     box.setProperty("veldFlags", flags);
     switch (flags & 0xF0) {
-        case MB_ICONERROR: box.setIcon(QMessageBox::Critical); break;
-        case MB_ICONQUESTION: box.setIcon(QMessageBox::Question); break;
-        case MB_ICONEXCLAMATION: box.setIcon(QMessageBox::Warning); break;
-        case MB_ICONINFORMATION: box.setIcon(QMessageBox::Information); break;
-        default: break;
+        case MB_ICONERROR:
+            box.setIcon(QMessageBox::Critical);
+            break;
+        case MB_ICONQUESTION:
+            box.setIcon(QMessageBox::Question);
+            break;
+        case MB_ICONEXCLAMATION:
+            box.setIcon(QMessageBox::Warning);
+            break;
+        case MB_ICONINFORMATION:
+            box.setIcon(QMessageBox::Information);
+            break;
+        default:
+            break;
     }
     QMessageBox::StandardButtons buttons;
     switch (flags & 0x0F) {
-        case MB_OKCANCEL: buttons = QMessageBox::Ok | QMessageBox::Cancel; break;
+        case MB_OKCANCEL:
+            buttons = QMessageBox::Ok | QMessageBox::Cancel;
+            break;
         case MB_YESNOCANCEL:
             buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
             break;
-        case MB_YESNO: buttons = QMessageBox::Yes | QMessageBox::No; break;
-        default: buttons = QMessageBox::Ok; break;
+        case MB_YESNO:
+            buttons = QMessageBox::Yes | QMessageBox::No;
+            break;
+        default:
+            buttons = QMessageBox::Ok;
+            break;
     }
     box.setStandardButtons(buttons);
     box.exec();
     switch (box.standardButton(box.clickedButton())) {
-        case QMessageBox::Ok: return IDOK;
-        case QMessageBox::Yes: return IDYES;
-        case QMessageBox::No: return IDNO;
-        case QMessageBox::Cancel: return IDCANCEL;
+        case QMessageBox::Ok:
+            return IDOK;
+        case QMessageBox::Yes:
+            return IDYES;
+        case QMessageBox::No:
+            return IDNO;
+        case QMessageBox::Cancel:
+            return IDCANCEL;
         default:
             // Closed without a button (Escape, close box): the cancelling answer.
-            if (buttons & QMessageBox::Cancel) return IDCANCEL;
-            if (buttons & QMessageBox::No) return IDNO;
+            if (buttons & QMessageBox::Cancel)
+                return IDCANCEL;
+            if (buttons & QMessageBox::No)
+                return IDNO;
             return IDOK;
     }
 }
@@ -62,7 +83,8 @@ std::map<int, std::function<void(unsigned)>>& beepListeners() {
 void MessageBeep(unsigned type) {
     QApplication::beep();
     const auto listeners = beepListeners();
-    for (const auto& [id, l] : listeners) l(type);
+    for (const auto& [id, l] : listeners)
+        l(type);
 }
 
 int AddBeepListener(std::function<void(unsigned)> listener) {
@@ -71,7 +93,9 @@ int AddBeepListener(std::function<void(unsigned)> listener) {
     return next++;
 }
 
-void RemoveBeepListener(int id) { beepListeners().erase(id); }
+void RemoveBeepListener(int id) {
+    beepListeners().erase(id);
+}
 
 bool GetOpenFileName(CWnd* owner, const WString& title, const WString& filter,
                      const WString& initialFolder, WString& path) {
@@ -84,16 +108,19 @@ bool GetOpenFileName(CWnd* owner, const WString& title, const WString& filter,
     dialog.setOption(QFileDialog::DontUseNativeDialog, true);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    if (!filters.isEmpty()) dialog.setNameFilters(filters);
+    if (!filters.isEmpty())
+        dialog.setNameFilters(filters);
     dialog.setProperty("veldFileDialog", true);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return false;
     path = WString::FromQString(dialog.selectedFiles().constFirst());
     return true;
 }
 
 QPixmap LoadASupportBmp(const WString& name) {
     WString path;
-    if (!FGetSpecialFolderPathAndSubDir(kFolderSupport, name, path)) return QPixmap();
+    if (!FGetSpecialFolderPathAndSubDir(kFolderSupport, name, path))
+        return QPixmap();
     return QPixmap(path.ToQString());
 }
 
