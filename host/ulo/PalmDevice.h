@@ -24,6 +24,8 @@ public:
     /// Integer density multiplier: the screen's device pixel ratio rounded
     /// down, at least 1 (VELD_RES_MULTIPLIER overrides).
     static int GetResMultiplier();
+    /// A base pixel size scaled for the screen: @p base x GetResMultiplier().
+    static int Px(int base) { return base * GetResMultiplier(); }
 };
 
 }  // namespace ulo
