@@ -3,10 +3,6 @@ function(veld_target_defaults target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
   target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
   set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
-  if(VELD_SANITIZE)
-    target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-omit-frame-pointer)
-    target_link_options(${target} PRIVATE -fsanitize=address,undefined)
-  endif()
 endfunction()
 
 # veld_add_test(NAME SOURCES ... LIBS ...): one GoogleTest executable, run by
