@@ -19,23 +19,11 @@ private:
     ulo::HINSTANCE previous_;
 };
 
-/// Brackets the changes made in its lifetime into one notification of
-/// @p source (null: no bracket).
-class CSourceEventScope {
+/// Brackets the changes made in its lifetime into one notification of a
+/// source event (null: no bracket).
+class CSourceEventScope : public ulo::CSourceEventBracket {
 public:
-    explicit CSourceEventScope(ulo::CSourceEvent* source) : source_(source) {
-        if (source_)
-            source_->BeginEvent();
-    }
-    ~CSourceEventScope() {
-        if (source_)
-            source_->EndEvent();
-    }
-    CSourceEventScope(const CSourceEventScope&) = delete;
-    CSourceEventScope& operator=(const CSourceEventScope&) = delete;
-
-private:
-    ulo::CSourceEvent* source_;
+    using ulo::CSourceEventBracket::CSourceEventBracket;
 };
 
 }  // namespace veld5

@@ -116,35 +116,35 @@ ScriptedUser& ScriptedUser::Click(unsigned id) {
     });
 }
 
-ScriptedUser& ScriptedUser::Type(unsigned id, const QString& text) {
-    return OnControl(QStringLiteral("type %1").arg(id), id, [text](QWidget* c) -> QString {
-        auto* e = qobject_cast<QLineEdit*>(c);
-        if (!e)
-            return QStringLiteral("control is not an edit");
-        if (!e->isEnabled())
-            return QStringLiteral("edit is disabled");
-        QTest::mouseClick(e, Qt::LeftButton, {}, e->rect().center());
+namespace {
+/// Focuses an edit with a tap, then moves to its end or selects all of it.
+QString editStep(QWidget* c, bool replace, const QString& text) {
+    auto* e = qobject_cast<QLineEdit*>(c);
+    if (!e)
+        return QStringLiteral("control is not an edit");
+    if (!e->isEnabled())
+        return QStringLiteral("edit is disabled");
+    QTest::mouseClick(e, Qt::LeftButton, {}, e->rect().center());
+    if (replace)
+        QTest::keyClick(e, Qt::Key_A, Qt::ControlModifier);
+    else
         QTest::keyClick(e, Qt::Key_End);
+    if (replace && text.isEmpty())
+        QTest::keyClick(e, Qt::Key_Delete);
+    else
         QTest::keyClicks(e, text);
-        return {};
-    });
+    return {};
+}
+}  // namespace
+
+ScriptedUser& ScriptedUser::Type(unsigned id, const QString& text) {
+    return OnControl(QStringLiteral("type %1").arg(id), id,
+                     [text](QWidget* c) { return editStep(c, false, text); });
 }
 
 ScriptedUser& ScriptedUser::SetText(unsigned id, const QString& text) {
-    return OnControl(QStringLiteral("set %1").arg(id), id, [text](QWidget* c) -> QString {
-        auto* e = qobject_cast<QLineEdit*>(c);
-        if (!e)
-            return QStringLiteral("control is not an edit");
-        if (!e->isEnabled())
-            return QStringLiteral("edit is disabled");
-        QTest::mouseClick(e, Qt::LeftButton, {}, e->rect().center());
-        QTest::keyClick(e, Qt::Key_A, Qt::ControlModifier);
-        if (text.isEmpty())
-            QTest::keyClick(e, Qt::Key_Delete);
-        else
-            QTest::keyClicks(e, text);
-        return {};
-    });
+    return OnControl(QStringLiteral("set %1").arg(id), id,
+                     [text](QWidget* c) { return editStep(c, true, text); });
 }
 
 ScriptedUser& ScriptedUser::Clear(unsigned id) {
