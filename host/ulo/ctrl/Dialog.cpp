@@ -121,10 +121,12 @@ bool CWSizeDialog::Build(CWnd* parent, bool child) {
     }
 
     QButtonGroup* radioGroup = nullptr;
+    int index = 0;
     for (const CtrlTemplate& ctrl : template_->controls) {
         QWidget* w = BuildControl(ctrl, variant_);
         if (!w)
             continue;
+        w->setProperty("veldCtrlIndex", index++);
         if (ctrl.kind == CtrlKind::RadioButton) {
             if (!radioGroup || (ctrl.style & kGroupStart)) {
                 radioGroup = new QButtonGroup(this);
@@ -154,6 +156,8 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
                                                         : Qt::AlignLeft | Qt::AlignTop);
                 if (ctrl.style & kBorder)
                     l->setFrameStyle(QFrame::Box | QFrame::Plain);
+                if (ctrl.style & kMultiline)
+                    l->setWordWrap(true);
                 w = l;
                 break;
             }
