@@ -168,6 +168,11 @@ CCEMSGridCtrl::CCEMSGridCtrl(int rows, int columns, QWidget* parent)
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    // The whole check box cell is the touch target: a tap anywhere in it toggles.
+    connect(this, &QTableWidget::cellClicked, this, [this](int row, int column) {
+        if (column == 0)
+            ToggleCheck(row);
+    });
 }
 
 int CCEMSGridCtrl::AddRow() {
@@ -176,7 +181,7 @@ int CCEMSGridCtrl::AddRow() {
     for (int c = 0; c < columnCount(); ++c)
         setItem(row, c, new QTableWidgetItem());
     if (columnCount() > 0) {
-        item(row, 0)->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+        item(row, 0)->setFlags(Qt::ItemIsEnabled);
         item(row, 0)->setCheckState(Qt::Unchecked);
     }
     return row;
