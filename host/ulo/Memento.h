@@ -1,6 +1,8 @@
 #pragma once
 // Mementos: a reference-counted snapshot of an object's state, taken with
 // CreateMemento and put back with SetMemento.
+#include <utility>
+
 #include "RefCounter.h"
 
 namespace ulo {

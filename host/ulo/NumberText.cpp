@@ -16,8 +16,14 @@ WString CStringDaDouble(double value, int /*mode*/, int decimals) {
     char buf[400];
     std::snprintf(buf, sizeof buf, "%.*f", decimals, value);
     std::wstring out;
-    for (const char* p = buf; *p; ++p)
+    bool nonZero = false;
+    for (const char* p = buf; *p; ++p) {
         out += static_cast<wchar_t>(*p);
+        nonZero = nonZero || (*p >= '1' && *p <= '9');
+    }
+    // A value that rounds to zero is shown without a sign ("-0.000" reads oddly).
+    if (!nonZero && !out.empty() && out[0] == L'-')
+        out.erase(0, 1);
     return WString(std::move(out));
 }
 

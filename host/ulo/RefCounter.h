@@ -2,6 +2,7 @@
 // Intrusive reference counting of the host objects. An object starts with one
 // reference, owned by whoever created it; SubReference deletes it at zero.
 #include <cassert>
+#include <utility>
 
 namespace ulo {
 

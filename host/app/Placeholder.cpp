@@ -1,2 +1,0 @@
-// The host application.
-int placeholder_app = 0;

@@ -1,0 +1,6 @@
+#include "MouseCursorInfo.h"
+
+CSystemVars& CSystemVars::GetInstance() {
+    static CSystemVars vars;
+    return vars;
+}
