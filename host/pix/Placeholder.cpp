@@ -1,4 +1,0 @@
-// Raster images.
-namespace pix {
-int placeholder_pix = 0;
-}
