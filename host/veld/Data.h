@@ -1,0 +1,93 @@
+#pragma once
+// CData: one drawing's data: its tables, object factory and change
+// notification. A new drawing holds layer "0", the line types ByBlock,
+// ByLayer and Continuous, and the text style "STANDARD".
+//
+// Iterator selections:
+// - CLayerIterator(data, withXRef): every layer in table order; XRef-dependent
+//   layers only when withXRef is true.
+// - CLtypeIterator(data, withXRef, withLogical): line types in table order;
+//   XRef-dependent ones only with withXRef, ByBlock and ByLayer only with
+//   withLogical.
+// - CStyleIterator(data, withXRef): text styles likewise.
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "ObjectFactory.h"
+#include "Tables.h"
+#include "VeldSourceEvent.h"
+
+namespace veld {
+
+class CData {
+public:
+    CData();
+    ~CData();
+    CData(const CData&) = delete;
+    CData& operator=(const CData&) = delete;
+
+    CLayerTable& GetLayerTable() { return layers_; }
+    CLtypeTable& GetLtypeTable() { return ltypes_; }
+    CStyleTable& GetStyleTable() { return styles_; }
+    const CObjectFactory* GetObjectFactory() const { return &factory_; }
+    /// The notification of table changes (never null here).
+    CVeldSourceEvent* GetDataTablesSourceEvent() { return &tablesEvent_; }
+    CData* GetDataTables() { return this; }
+
+    /// True when something of the drawing refers to @p item: a layer to a
+    /// line type, or an entity (through the registered reference tests).
+    bool IsItemReferenced(const ITableItem* item) const;
+    /// Adds a test that tells whether the owner refers to an item (entity
+    /// containers register one).
+    void AddReferenceTest(std::function<bool(const ITableItem*)> test);
+
+    class CLayerIterator {
+    public:
+        CLayerIterator(CData* data, bool withXRef) : data_(data), xref_(withXRef) {}
+        CLayer* GetNext();
+
+    private:
+        CData* data_;
+        bool xref_;
+        unsigned i_ = 0;
+    };
+    class CLtypeIterator {
+    public:
+        CLtypeIterator(CData* data, bool withXRef, bool withLogical)
+            : data_(data), xref_(withXRef), logical_(withLogical) {}
+        CLtype* GetNext();
+
+    private:
+        CData* data_;
+        bool xref_, logical_;
+        unsigned i_ = 0;
+    };
+    class CStyleIterator {
+    public:
+        CStyleIterator(CData* data, bool withXRef) : data_(data), xref_(withXRef) {}
+        CStyle* GetNext();
+
+    private:
+        CData* data_;
+        bool xref_;
+        unsigned i_ = 0;
+    };
+
+private:
+    CVeldSourceEvent tablesEvent_;
+    CObjectFactory factory_;
+    CLtypeTable ltypes_;
+    CLayerTable layers_;
+    CStyleTable styles_;
+    std::vector<std::function<bool(const ITableItem*)>> referenceTests_;
+};
+
+CLayerTable* GetMainLayerTable(CData* data);
+CLtypeTable* GetMainLtypeTable(CData* data);
+CStyleTable* GetMainStyleTable(CData* data);
+CStyle* GetStyleStandard(CData* data);
+/// The layer of that name (ignoring case), or null.
+CLayer* FindLayer(CData* data, const ulo::WString& name);
+
+}  // namespace veld

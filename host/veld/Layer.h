@@ -1,0 +1,58 @@
+#pragma once
+// A layer: colour index (1..255), line type, line width and the flag bits
+// frozen 0x01, locked 0x04 and off 0x80.
+#include "Ltype.h"
+#include "TableItem.h"
+
+namespace veld {
+
+enum enumLineWidth : int { kLineWidthDefault = -3, kLineWidthByLayer = -2, kLineWidthByBlock = -1 };
+
+class CLayer : public ITableItem {
+public:
+    CLayer(const ulo::WString& name, CLtype* ltype, unsigned short colour, enumLineWidth width,
+           unsigned flags);
+
+    unsigned short GetColor() const { return s_.colour; }
+    void SetColor(unsigned short colour) { s_.colour = colour; }
+    CLtype* GetLtype() const { return s_.ltype.get(); }
+    void SetLtype(CLtype* ltype) { s_.ltype = ulo::RefPtr<CLtype>::Share(ltype); }
+    enumLineWidth GetLineWidth() const { return s_.width; }
+    void SetLineWidth(enumLineWidth width) { s_.width = width; }
+    bool IsOff() const { return GetFlags() & kFlagOff; }
+    void SetOff(bool off) { SetFlag(kFlagOff, off); }
+    bool IsFrozen() const { return GetFlags() & kFlagFrozen; }
+    void SetFrozen(bool frozen) { SetFlag(kFlagFrozen, frozen); }
+    bool IsLocked() const { return GetFlags() & kFlagLocked; }
+    void SetLocked(bool locked) { SetFlag(kFlagLocked, locked); }
+    /// Takes every property of @p other but its name.
+    void SetLayer(const CLayer& other);
+
+    /// The drawing's layer "0".
+    bool IsLayer0() const { return GetName() == L"0"; }
+    bool CanBeCurrent() const override { return !IsFrozen() && !IsXRef(); }
+    bool CanBeRenamed() const override { return !IsLayer0() && !IsXRef(); }
+
+    ulo::IMemento* CreateMemento() const override;
+    bool HasChanged(const ulo::IMemento* memento) const override;
+
+    static constexpr unsigned kFlagFrozen = 0x01;
+    static constexpr unsigned kFlagLocked = 0x04;
+    static constexpr unsigned kFlagOff = 0x80;
+
+protected:
+    void OnSetMemento(ulo::IMemento* memento) override;
+
+private:
+    void SetFlag(unsigned bit, bool on) { SetFlags(on ? (GetFlags() | bit) : (GetFlags() & ~bit)); }
+    struct State {
+        unsigned short colour;
+        ulo::RefPtr<CLtype> ltype;
+        enumLineWidth width;
+        bool operator==(const State& o) const {
+            return colour == o.colour && ltype.get() == o.ltype.get() && width == o.width;
+        }
+    } s_;
+};
+
+}  // namespace veld

@@ -1,4 +1,0 @@
-// The drawing model library.
-namespace veld {
-int placeholder_model = 0;
-}

@@ -1,0 +1,235 @@
+// The drawing model: items and their mementos, tables, names, iterators,
+// collections, colours and legacy hatch types.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+
+#include "veld/Colors.h"
+#include "veld/Data.h"
+#include "veld/HandleObjectVectorCollection.h"
+#include "veld/HatchType.h"
+
+using namespace veld;
+
+namespace {
+CLtypeComplexDashSeq dashes(std::initializer_list<double> values) {
+    CLtypeComplexDashSeq s;
+    for (double v : values)
+        s.AddDashDouble(v);
+    return s;
+}
+
+/// One property change of an item, for the memento table below.
+struct Change {
+    const char* what;
+    std::function<ITableItem*(CData&)> make;
+    std::function<void(ITableItem*, CData&)> change;
+};
+
+ITableItem* someLayer(CData& d) {
+    return d.GetObjectFactory()->CreateLayer(L"ROADS", d.GetLtypeTable().GetLtypeContinuous(), 3,
+                                             kLineWidthDefault, 0, 0);
+}
+ITableItem* someLtype(CData& d) {
+    (void)d;
+    return new CLtype(L"DASHED", L"Dashed __ __", dashes({0.5, -0.25}), 0);
+}
+ITableItem* someStyle(CData& d) {
+    (void)d;
+    return new CStyle(L"TITLE", CFontTable::GetInstance()[0], 2.5, 1.0, 0.0, 2.5, 0);
+}
+}  // namespace
+
+class ItemMemento : public ::testing::TestWithParam<Change> {};
+
+TEST_P(ItemMemento, RestoresThePropertyAndTheName) {
+    CData data;
+    const Change& c = GetParam();
+    ITableItem* item = c.make(data);
+    ulo::IMemento* before = item->CreateMemento();
+    EXPECT_FALSE(item->HasChanged(before));
+    c.change(item, data);
+    item->SetName(item->GetName() + ulo::WString(L"X"));
+    EXPECT_TRUE(item->HasChanged(before)) << c.what;
+    ulo::IMemento* after = item->CreateMemento();
+    item->SetMemento(before);
+    EXPECT_FALSE(item->HasChanged(before)) << c.what;
+    EXPECT_TRUE(item->HasChanged(after)) << c.what;
+    item->SetMemento(after);
+    EXPECT_FALSE(item->HasChanged(after)) << c.what;
+    before->SubReference();
+    after->SubReference();
+    item->SubReference();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Properties, ItemMemento,
+    ::testing::Values(
+        Change{"layer colour", someLayer,
+               [](ITableItem* i, CData&) { static_cast<CLayer*>(i)->SetColor(5); }},
+        Change{"layer frozen", someLayer,
+               [](ITableItem* i, CData&) { static_cast<CLayer*>(i)->SetFrozen(true); }},
+        Change{"layer line type", someLayer,
+               [](ITableItem* i, CData& d) {
+                   static_cast<CLayer*>(i)->SetLtype(d.GetLtypeTable().GetLtypeByBlock());
+               }},
+        Change{"layer width", someLayer,
+               [](ITableItem* i, CData&) {
+                   static_cast<CLayer*>(i)->SetLineWidth(kLineWidthByBlock);
+               }},
+        Change{"ltype description", someLtype,
+               [](ITableItem* i, CData&) { static_cast<CLtype*>(i)->SetDesc(L"x"); }},
+        Change{"ltype pattern", someLtype,
+               [](ITableItem* i, CData&) {
+                   static_cast<CLtype*>(i)->Copy(CLtype(L"o", L"", dashes({1}), 0));
+               }},
+        Change{"style font", someStyle,
+               [](ITableItem* i, CData&) {
+                   static_cast<CStyle*>(i)->SetFont(CFontTable::GetInstance()[4]);
+               }},
+        Change{"style oblique", someStyle,
+               [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetOblique(0.2); }},
+        Change{"style bold", someStyle,
+               [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetBold(true); }},
+        Change{"style vertical", someStyle,
+               [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetHoriz(false); }}));
+
+TEST(Tables, AddRemoveFindAndFreshNames) {
+    CData data;
+    CLayerTable& layers = data.GetLayerTable();
+    EXPECT_EQ(layers.GetProgName(L"Layer"), L"Layer1");
+    CLayer* a = static_cast<CLayer*>(someLayer(data));
+    a->SetName(L"layer1");
+    EXPECT_TRUE(layers.Add(a));
+    EXPECT_FALSE(layers.Add(a));  // already there
+    EXPECT_EQ(a->GetReferenceCount(), 2u);
+    EXPECT_EQ(layers.Find(L"LAYER1"), a);
+    EXPECT_EQ(layers.GetProgName(L"Layer"), L"Layer2");  // ignoring case
+    const unsigned before = data.GetDataTablesSourceEvent()->GetNotificationCount();
+    EXPECT_TRUE(layers.Remove(a));
+    EXPECT_FALSE(layers.Remove(a));
+    EXPECT_GT(data.GetDataTablesSourceEvent()->GetNotificationCount(), before);
+    EXPECT_EQ(a->GetReferenceCount(), 1u);
+    EXPECT_EQ(layers.Find(L"layer1"), nullptr);
+    a->SubReference();
+    EXPECT_EQ(GetStyleStandard(&data)->GetName(), L"STANDARD");
+    EXPECT_NE(FindLayer(&data, L"0"), nullptr);
+}
+
+TEST(Tables, NameRule) {
+    struct {
+        const wchar_t* name;
+        bool ok;
+    } const rows[] = {{L"ROADS_2", true},    {L"a-b$c", true}, {L"", false},
+                      {L"two words", false}, {L"x|y", false},  {L"città", false}};
+    for (const auto& r : rows)
+        EXPECT_EQ(is_valid_table_name14(r.name, false), r.ok) << r.name;
+    EXPECT_FALSE(is_valid_table_name14(ulo::WString(std::wstring(256, L'A')), false));
+}
+
+TEST(Tables, PredicatesOfSpecialItems) {
+    CData data;
+    CLtypeTable& lt = data.GetLtypeTable();
+    CLtype* xref = new CLtype(L"SITE|FENCE", L"", dashes({1, -1}), 0);
+    lt.Add(xref);
+    xref->SubReference();
+    EXPECT_TRUE(xref->IsXRef());
+    EXPECT_FALSE(xref->CanBeCurrent());
+    EXPECT_TRUE(lt.GetLtypeByBlock()->IsByBlock());
+    EXPECT_FALSE(lt.GetLtypeContinuous()->CanBeRenamed());
+    // Continuous is used by layer 0; a line type no layer uses is not.
+    EXPECT_TRUE(lt.GetLtypeContinuous()->IsItemUsed());
+    EXPECT_FALSE(xref->IsItemUsed());
+    CLayer* zero = FindLayer(&data, L"0");
+    EXPECT_TRUE(zero->IsLayer0());
+    EXPECT_FALSE(zero->CanBeRenamed());
+    zero->SetFrozen(true);
+    EXPECT_EQ(zero->GetFlags() & 0x01, 0x01u);
+    EXPECT_FALSE(zero->CanBeCurrent());
+    zero->SetOff(true);
+    zero->SetLocked(true);
+    EXPECT_EQ(zero->GetFlags(), 0x85u);
+}
+
+TEST(Iterators, SelectXRefAndLogicalItems) {
+    CData data;
+    CLtype* xref = new CLtype(L"SITE|FENCE", L"", dashes({1, -1}), 0);
+    data.GetLtypeTable().Add(xref);
+    xref->SubReference();
+    const auto count = [&](bool withXRef, bool withLogical) {
+        CData::CLtypeIterator it(&data, withXRef, withLogical);
+        int n = 0;
+        while (it.GetNext())
+            ++n;
+        return n;
+    };
+    EXPECT_EQ(count(true, true), 4);
+    EXPECT_EQ(count(true, false), 2);
+    EXPECT_EQ(count(false, false), 1);
+    EXPECT_EQ(count(false, true), 3);
+}
+
+TEST(Collections, HoldOneReferenceEachAndCopiesTheirOwn) {
+    CData data;
+    ITableItem* a = someLtype(data);
+    {
+        CHandleObjectVectorCollection c;
+        c.Add(a);
+        c.Add(a);
+        EXPECT_EQ(c.GetNoElems(), 1u);
+        EXPECT_EQ(a->GetReferenceCount(), 2u);
+        CHandleObjectVectorCollection copy(c);
+        EXPECT_EQ(a->GetReferenceCount(), 3u);
+        copy = copy;
+        EXPECT_EQ(a->GetReferenceCount(), 3u);
+        EXPECT_TRUE(copy.Remove(a));
+        EXPECT_FALSE(copy.IsInserted(a));
+        EXPECT_EQ(a->GetReferenceCount(), 2u);
+    }
+    EXPECT_EQ(a->GetReferenceCount(), 1u);
+    a->SubReference();
+}
+
+TEST(LineTypes, PatternLengthCountsNumberElementsOnly) {
+    CLtypeComplexDashSeq seq = dashes({0.5, -0.25, 0.0});
+    seq.AddDashText(TEXT_3D(L"GAS", nullptr, 1.0, 0.0, 1.0, 0.0, {}, 0, 0));
+    const CLtype t(L"GAS", L"Gas line", seq, 0);
+    EXPECT_DOUBLE_EQ(t.GetPatternLen(), 0.75);
+    EXPECT_EQ(t.GetNoDashes(), 4u);
+    ASSERT_NE(t.GetDash(3)->GetText(), nullptr);
+    EXPECT_EQ(t.GetDash(3)->GetText()->GetContext().GetString(), L"GAS");
+    EXPECT_FALSE(t.GetDash(3)->IsDouble());
+    EXPECT_EQ(t.GetDash(4), nullptr);
+}
+
+TEST(Colours, NamesAndPalette) {
+    const CColors& names = CColors::GetInstance();
+    EXPECT_EQ(names[0], L"ByBlock");
+    EXPECT_EQ(names[1], L"Red");
+    EXPECT_EQ(names[256], L"ByLayer");
+    EXPECT_EQ(names[42], L"42");
+    EXPECT_EQ(names[300], L"");
+    EXPECT_EQ(IndexToRGB(1), 0x0000FFu);
+    EXPECT_EQ(IndexToRGB(5), 0xFF0000u);
+    EXPECT_EQ(IndexToRGB(10), 0x0000FFu);  // hue 0, full colour
+    EXPECT_EQ(IndexToRGB(250), 0x333333u);
+    std::set<std::uint32_t> distinct;
+    for (int i = 10; i < 250; ++i)
+        distinct.insert(IndexToRGB(i));
+    EXPECT_GT(distinct.size(), 200u);
+}
+
+TEST(HatchTypes, SixtyNineLegacyTypes) {
+    const CHatchTypeProvider* p = CHatchTypeProvider::GetInstance();
+    std::set<const CHatchType*> seen;
+    for (int n = -1; n <= 67; ++n) {
+        const CHatchType* t = p->GetLegacyHatchType(n);
+        ASSERT_NE(t, nullptr);
+        EXPECT_EQ(t->GetLegacyNumber(), n);
+        seen.insert(t);
+    }
+    EXPECT_EQ(seen.size(), 69u);
+    EXPECT_EQ(p->GetLegacyHatchType(-2), nullptr);
+    EXPECT_EQ(p->GetLegacyHatchType(68), nullptr);
+}
