@@ -1,0 +1,323 @@
+#include "LtypeLoader.h"
+
+#include <sys/stat.h>
+
+#include <QFile>
+#include <cstdio>
+#include <cwctype>
+#include <string>
+
+#include "ulo/NumberText.h"
+#include "veld/HandleObjectVectorCollection.h"
+#include "veld/IFile.h"
+#include "veld/ObjectFactory.h"
+#include "veld/Tables.h"
+
+namespace veld {
+
+namespace {
+
+constexpr double kDegToRad = 0.01745329251994;
+constexpr std::size_t kFormatBuffer = 1024;
+
+/// Reads a ".lin" file line by line: pieces of at most 4095 characters,
+/// comment (";;") and blank lines skipped, every piece counted.
+class CLtypeLineReader {
+public:
+    explicit CLtypeLineReader(std::FILE* file) : file_(file) {}
+    const std::wstring& Next() {
+        for (;;) {
+            ReadPiece();
+            ++count_;
+            if (buffer_.size() >= 2 && buffer_[0] == L';' && buffer_[1] == L';')
+                continue;
+            while (!buffer_.empty() && (buffer_.back() == L'\n' || buffer_.back() == L'\r' ||
+                                        buffer_.back() == L' ' || buffer_.back() == L'\t'))
+                buffer_.pop_back();
+            if (!buffer_.empty())
+                return buffer_;
+        }
+    }
+    unsigned GetLineNo() const { return count_; }
+
+private:
+    void ReadPiece() {
+        buffer_.clear();
+        while (buffer_.size() < kMax) {
+            const int c = std::fgetc(file_);
+            if (c == EOF)
+                break;
+            buffer_ += static_cast<wchar_t>(static_cast<unsigned char>(c));  // ISO-8859-1
+            if (c == '\n')
+                break;
+        }
+        if (std::ferror(file_))
+            throw IFile::IFileIOError();
+        if (buffer_.empty())
+            throw IFile::IFileEOF();
+    }
+    static constexpr std::size_t kMax = 4095;
+    std::FILE* file_;
+    std::wstring buffer_;
+    unsigned count_ = 0;
+};
+
+/// Splits a text at delimiter characters; the cursor is gone (npos) once the
+/// text is used up.
+class CLtypeTokenizer {
+public:
+    CLtypeTokenizer(std::wstring text, std::wstring delimiters)
+        : text_(std::move(text)),
+          delims_(std::move(delimiters)),
+          cursor_(text_.empty() ? std::wstring::npos : 0) {}
+    bool Next(std::wstring& field) {
+        if (cursor_ == std::wstring::npos)
+            return false;
+        const std::size_t end = text_.find_first_of(delims_, cursor_);
+        if (end == std::wstring::npos) {
+            field = text_.substr(cursor_);
+            cursor_ = std::wstring::npos;
+        } else {
+            field = text_.substr(cursor_, end - cursor_);
+            cursor_ = end + 1;
+        }
+        return true;
+    }
+    void Skip(std::size_t n) {
+        if (cursor_ == std::wstring::npos)
+            return;
+        cursor_ = std::min(cursor_ + n, text_.size());
+        if (cursor_ >= text_.size())
+            cursor_ = std::wstring::npos;
+    }
+    std::size_t Cursor() const { return cursor_; }
+    const std::wstring& Text() const { return text_; }
+
+private:
+    std::wstring text_;
+    std::wstring delims_;
+    std::size_t cursor_;
+};
+
+struct FileCloser {
+    void operator()(std::FILE* f) const {
+        if (f)
+            std::fclose(f);
+    }
+};
+using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
+
+std::FILE* openFile(const wchar_t* path, const char* mode) {
+    if (!path)
+        return nullptr;
+    const QByteArray local = QFile::encodeName(QString::fromWCharArray(path));
+    struct stat st {};
+    if (mode[0] == 'r' && (::stat(local.constData(), &st) != 0 || S_ISDIR(st.st_mode)))
+        return nullptr;
+    return std::fopen(local.constData(), mode);
+}
+
+std::wstring formatNumber(double v) {
+    char buf[64];
+    std::snprintf(buf, sizeof buf, "%f", v);
+    return std::wstring(buf, buf + std::strlen(buf));
+}
+
+/// Cuts a formatted piece to the formatting buffer (1023 characters).
+std::wstring limited(std::wstring s) {
+    if (s.size() > kFormatBuffer - 1)
+        s.resize(kFormatBuffer - 1);
+    return s;
+}
+
+void writeLine(std::FILE* f, const std::wstring& line) {
+    std::string bytes;
+    bytes.reserve(line.size() + 2);
+    for (const wchar_t c : line) {
+        if (static_cast<unsigned long>(c) > 255)
+            throw IFile::IFileDiskFull();
+        bytes += static_cast<char>(static_cast<unsigned char>(c));
+    }
+    bytes += "\r\n";
+    if (std::fwrite(bytes.data(), 1, bytes.size(), f) != bytes.size())
+        throw IFile::IFileDiskFull();
+}
+
+}  // namespace
+
+struct CLtypeLoader::Private {
+    const CStyleTable* styles;
+    CObjectFactory* factory;
+    IErrorNotifier* notifier = nullptr;
+    CHandleObjectVectorCollection ltypes;
+
+    CLtypeComplexDashSeq Parse(const std::wstring& name, const std::wstring& line) const;
+};
+
+CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
+                                                  const std::wstring& line) const {
+    const auto fail = [&](int code) { throw CLtypeLoaderLoadError(name, code); };
+    CLtypeTokenizer tok(line, L",");
+    std::wstring field;
+    if (!tok.Next(field) || field != L"A")
+        fail(1);
+    CLtypeComplexDashSeq seq;
+    while (tok.Next(field)) {
+        if (field.empty())
+            fail(2);
+        if (field[0] != L'[') {
+            const double v = ulo::wtof(field.c_str());
+            if (seq.GetNoDashes() == 0 && v < 0)
+                fail(6);
+            seq.AddDashDouble(v);
+            continue;
+        }
+        if (seq.GetNoDashes() == 0)
+            fail(7);
+        if (field.back() == L']')
+            fail(2);
+        if (field.size() < 4 || field[1] != L'"' || field.back() != L'"')
+            fail(5);
+        const std::size_t from = tok.Cursor();
+        const std::size_t close =
+            from == std::wstring::npos ? std::wstring::npos : tok.Text().find(L']', from);
+        if (close == std::wstring::npos)
+            fail(2);
+        const std::wstring body = tok.Text().substr(from, close - from);
+        tok.Skip(body.size() + 2);  // the body, "]" and the separator after it
+        TEXT_3D text(field.substr(2, field.size() - 3),
+                     styles ? styles->GetStyleStandard() : nullptr, 1.0, 0.0, 1.0, 0.0,
+                     ulo::geom::PNT_3D::Origin, 0, 0);
+        CLtypeTokenizer keys(body, L",");
+        std::wstring styleName;
+        if (!keys.Next(styleName))
+            fail(2);
+        CStyle* style = styles ? styles->Find(styleName) : nullptr;
+        if (!style && notifier)
+            style = notifier->GetUndefinedStyle(styleName);
+        if (!style)
+            fail(3);
+        text.SetStyle(style);
+        std::wstring key;
+        while (keys.Next(key)) {
+            if (key.size() < 3 || key[1] != L'=')
+                fail(2);
+            const double v = ulo::wtof(key.c_str() + 2);
+            ulo::geom::PNT_3D p = text.GetPoint();
+            switch (std::towupper(static_cast<std::wint_t>(key[0]))) {
+                case L'S':
+                    text.GetContext().SetHeight(v);
+                    break;
+                case L'R':
+                    text.GetContext().SetRotate(v * kDegToRad);
+                    break;
+                case L'X':
+                    p.x = v, text.SetPoint(p);
+                    break;
+                case L'Y':
+                    p.y = v, text.SetPoint(p);
+                    break;
+                default:
+                    break;  // other keys are accepted and ignored
+            }
+        }
+        seq.AddDashText(text);
+    }
+    if (seq.GetNoDashes() < 2)
+        fail(4);
+    return seq;
+}
+
+CLtypeLoader::CLtypeLoader(const CStyleTable* styles, CObjectFactory* factory)
+    : d(new Private{styles, factory, nullptr, {}}) {}
+
+CLtypeLoader::~CLtypeLoader() {
+    delete d;
+}
+
+int CLtypeLoader::Load(const wchar_t* path) {
+    d->ltypes.RemoveAll();
+    FilePtr file(openFile(path, "rb"));
+    if (!file)
+        return -1;
+    CLtypeLineReader reader(file.get());
+    try {
+        for (;;) {
+            std::wstring header;
+            do {
+                header = reader.Next();
+            } while (header[0] != L'*');
+            const std::size_t comma = header.find(L',');
+            const std::wstring name =
+                header.substr(1, comma == std::wstring::npos ? std::wstring::npos : comma - 1);
+            const std::wstring desc =
+                comma == std::wstring::npos ? std::wstring() : header.substr(comma + 1);
+            const std::wstring pattern = reader.Next();
+            try {
+                const CLtypeComplexDashSeq seq = d->Parse(name, pattern);
+                CLtype* ltype = d->factory->CreateLtype(name, desc, seq, 0, 0);
+                d->ltypes.Add(ltype);
+                ltype->SubReference();
+            } catch (const CLtypeLoaderLoadError& e) {
+                if (d->notifier)
+                    d->notifier->NotifyLoadError(path, reader.GetLineNo(), e.GetName(),
+                                                 e.GetCode());
+            }
+        }
+    } catch (const IFile::IFileEOF&) {
+        return 0;
+    }
+}
+
+void CLtypeLoader::Save(const wchar_t* path) {
+    FilePtr file(openFile(path, "wb"));
+    if (!file)
+        return;
+    try {
+        for (unsigned i = 0; i < d->ltypes.GetNoElems(); ++i) {
+            const auto* ltype = static_cast<const CLtype*>(d->ltypes.GetObjectNo(i));
+            writeLine(file.get(),
+                      limited(L"*" + ltype->GetName().str() + L"," + ltype->GetDesc().str()));
+            std::wstring line = L"A";
+            for (unsigned k = 0; k < ltype->GetNoDashes(); ++k) {
+                const ILtypeComplexDash* dash = ltype->GetDash(k);
+                line += L",";
+                if (dash->IsDouble()) {
+                    line += ulo::WString::ValueOf(dash->GetDouble(), 6).str();
+                    continue;
+                }
+                const TEXT_3D* t = dash->GetText();
+                const CStyle* style = t->GetStyle();
+                line += limited(L"[\"" + t->GetContext().GetString().str() + L"\"," +
+                                (style ? style->GetName().str() : std::wstring()) + L",S=" +
+                                formatNumber(t->GetContext().GetHeight()) + L",R=" +
+                                formatNumber(t->GetContext().GetRotate() / kDegToRad) + L",X=" +
+                                formatNumber(t->GetPoint().x) + L",Y=" +
+                                formatNumber(t->GetPoint().y) + L"]");
+            }
+            writeLine(file.get(), line);
+        }
+    } catch (const IFile::IFileDiskFull&) {
+        // The lines written so far stay; the rest is not written.
+    }
+}
+
+unsigned CLtypeLoader::GetNoLtypes() const {
+    return d->ltypes.GetNoElems();
+}
+
+const CLtype* CLtypeLoader::GetLtypeNo(unsigned index) {
+    return static_cast<const CLtype*>(d->ltypes.GetObjectNo(index));
+}
+
+void CLtypeLoader::Add(CLtype* ltype) {
+    d->ltypes.Add(ltype);
+}
+void CLtypeLoader::Remove(CLtype* ltype) {
+    d->ltypes.Remove(ltype);
+}
+void CLtypeLoader::SetNotifier(IErrorNotifier* notifier) {
+    d->notifier = notifier;
+}
+
+}  // namespace veld
