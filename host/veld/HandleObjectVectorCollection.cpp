@@ -23,7 +23,7 @@ CHandleObjectVectorCollection& CHandleObjectVectorCollection::operator=(
 }
 
 void CHandleObjectVectorCollection::Add(ulo::IHandledRefCounter* object) {
-    if (!object || IsInserted(object))
+    if (!object)
         return;
     object->AddReference();
     items_.push_back(object);

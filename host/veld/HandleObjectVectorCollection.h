@@ -14,7 +14,8 @@ public:
     CHandleObjectVectorCollection& operator=(const CHandleObjectVectorCollection& other);
     ~CHandleObjectVectorCollection() { RemoveAll(); }
 
-    /// Appends @p object (a second Add of the same object is ignored).
+    /// Appends @p object (callers that must not hold an object twice ask
+    /// IsInserted first).
     void Add(ulo::IHandledRefCounter* object);
     /// Removes @p object and releases the collection's reference.
     bool Remove(ulo::IHandledRefCounter* object);

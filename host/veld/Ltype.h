@@ -1,6 +1,7 @@
 #pragma once
 // Line types: a description and a pattern of number elements (dash > 0,
 // gap < 0, dot = 0) and text elements.
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -29,14 +30,27 @@ public:
     bool operator==(const CLtypeComplexDashSeq& o) const { return dashes_ == o.dashes_; }
 
 private:
+    // A number element costs 24 bytes; a text element keeps its record apart.
     struct Dash : ILtypeComplexDash {
-        Dash(double v, std::optional<TEXT_3D> t) : value(v), text(std::move(t)) {}
-        bool IsDouble() const override { return !text.has_value(); }
+        Dash(double v, std::optional<TEXT_3D> t)
+            : value(v), text(t ? std::make_unique<TEXT_3D>(std::move(*t)) : nullptr) {}
+        Dash(const Dash& o)
+            : value(o.value), text(o.text ? std::make_unique<TEXT_3D>(*o.text) : nullptr) {}
+        Dash(Dash&&) noexcept = default;
+        Dash& operator=(const Dash& o) {
+            if (this != &o)
+                *this = Dash(o);
+            return *this;
+        }
+        Dash& operator=(Dash&&) noexcept = default;
+        bool IsDouble() const override { return !text; }
         double GetDouble() const override { return value; }
-        const TEXT_3D* GetText() const override { return text ? &*text : nullptr; }
-        bool operator==(const Dash& o) const { return value == o.value && text == o.text; }
+        const TEXT_3D* GetText() const override { return text.get(); }
+        bool operator==(const Dash& o) const {
+            return value == o.value && (text && o.text ? *text == *o.text : !text && !o.text);
+        }
         double value;
-        std::optional<TEXT_3D> text;
+        std::unique_ptr<TEXT_3D> text;
     };
     std::vector<Dash> dashes_;
 };

