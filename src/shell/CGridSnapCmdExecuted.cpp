@@ -1,0 +1,24 @@
+#include "CGridSnapCmdExecuted.h"
+
+#include "MementoSwap.h"
+#include "app/VELDView.h"
+
+namespace veld5 {
+
+CGridSnapCmdExecuted::CGridSnapCmdExecuted(CVELDView* view, ulo::IMemento* before)
+    : ICADCmdExecuted(view->GetVELD()), view_(view), memento_(before) {}
+
+CGridSnapCmdExecuted::~CGridSnapCmdExecuted() {
+    if (memento_)
+        memento_->SubReference();
+}
+
+unsigned CGridSnapCmdExecuted::GetMemSize() {
+    return (memento_ ? memento_->GetMemSize() : 0) + 16;
+}
+
+void CGridSnapCmdExecuted::Swap() {
+    SwapMemento(GetViewGridForEdit(view_), memento_);
+}
+
+}  // namespace veld5
