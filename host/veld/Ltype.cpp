@@ -8,6 +8,10 @@ CLtype::CLtype(const ulo::WString& name, const ulo::WString& desc, const CLtypeC
                unsigned flags)
     : ITableItem(name, flags), s_{desc, seq} {}
 
+CLtype::CLtype(const ulo::WString& name, const ulo::WString& desc, CLtypeComplexDashSeq&& seq,
+               unsigned flags)
+    : ITableItem(name, flags), s_{desc, std::move(seq)} {}
+
 double CLtype::GetPatternLen() const {
     double len = 0.0;
     for (unsigned i = 0; i < s_.seq.GetNoDashes(); ++i) {

@@ -59,6 +59,8 @@ class CLtype : public ITableItem {
 public:
     CLtype(const ulo::WString& name, const ulo::WString& desc, const CLtypeComplexDashSeq& seq,
            unsigned flags);
+    CLtype(const ulo::WString& name, const ulo::WString& desc, CLtypeComplexDashSeq&& seq,
+           unsigned flags);
 
     const ulo::WString& GetDesc() const { return s_.desc; }
     void SetDesc(const ulo::WString& desc) { s_.desc = desc; }

@@ -7,6 +7,11 @@ CLtype* CObjectFactory::CreateLtype(const ulo::WString& name, const ulo::WString
     return new CLtype(name, desc, seq, flags);
 }
 
+CLtype* CObjectFactory::CreateLtype(const ulo::WString& name, const ulo::WString& desc,
+                                    CLtypeComplexDashSeq&& seq, unsigned flags, int) const {
+    return new CLtype(name, desc, std::move(seq), flags);
+}
+
 CLayer* CObjectFactory::CreateLayer(const ulo::WString& name, CLtype* ltype, unsigned short colour,
                                     enumLineWidth width, unsigned flags, int) const {
     return new CLayer(name, ltype, colour, width, flags);

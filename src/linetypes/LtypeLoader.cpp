@@ -4,8 +4,10 @@
 
 #include <QFile>
 #include <cstdio>
+#include <cwchar>
 #include <cwctype>
 #include <string>
+#include <string_view>
 
 #include "ulo/NumberText.h"
 #include "veld/HandleObjectVectorCollection.h"
@@ -63,20 +65,18 @@ private:
 };
 
 /// Splits a text at delimiter characters; the cursor is gone (npos) once the
-/// text is used up.
+/// text is used up. Fields are views into the text.
 class CLtypeTokenizer {
 public:
-    CLtypeTokenizer(std::wstring text, std::wstring delimiters)
-        : text_(std::move(text)),
-          delims_(std::move(delimiters)),
-          cursor_(text_.empty() ? std::wstring::npos : 0) {}
-    bool Next(std::wstring& field) {
-        if (cursor_ == std::wstring::npos)
+    CLtypeTokenizer(std::wstring_view text, std::wstring_view delimiters)
+        : text_(text), delims_(delimiters), cursor_(text_.empty() ? std::wstring_view::npos : 0) {}
+    bool Next(std::wstring_view& field) {
+        if (cursor_ == std::wstring_view::npos)
             return false;
         const std::size_t end = text_.find_first_of(delims_, cursor_);
-        if (end == std::wstring::npos) {
+        if (end == std::wstring_view::npos) {
             field = text_.substr(cursor_);
-            cursor_ = std::wstring::npos;
+            cursor_ = std::wstring_view::npos;
         } else {
             field = text_.substr(cursor_, end - cursor_);
             cursor_ = end + 1;
@@ -84,20 +84,29 @@ public:
         return true;
     }
     void Skip(std::size_t n) {
-        if (cursor_ == std::wstring::npos)
+        if (cursor_ == std::wstring_view::npos)
             return;
         cursor_ = std::min(cursor_ + n, text_.size());
         if (cursor_ >= text_.size())
-            cursor_ = std::wstring::npos;
+            cursor_ = std::wstring_view::npos;
     }
     std::size_t Cursor() const { return cursor_; }
-    const std::wstring& Text() const { return text_; }
+    std::wstring_view Text() const { return text_; }
 
 private:
-    std::wstring text_;
-    std::wstring delims_;
+    std::wstring_view text_;
+    std::wstring_view delims_;
     std::size_t cursor_;
 };
+
+/// The number a field starts with (0 when none), as the toolkit's wtof reads it.
+double fieldNumber(std::wstring_view field) {
+    wchar_t buf[64];
+    const std::size_t n = std::min<std::size_t>(field.size(), 63);
+    std::wmemcpy(buf, field.data(), n);
+    buf[n] = L'\0';
+    return ulo::wtof(buf);
+}
 
 struct FileCloser {
     void operator()(std::FILE* f) const {
@@ -158,7 +167,7 @@ CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
                                                   const std::wstring& line) const {
     const auto fail = [&](int code) { throw CLtypeLoaderLoadError(name, code); };
     CLtypeTokenizer tok(line, L",");
-    std::wstring field;
+    std::wstring_view field;
     if (!tok.Next(field) || field != L"A")
         fail(1);
     CLtypeComplexDashSeq seq;
@@ -166,7 +175,7 @@ CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
         if (field.empty())
             fail(2);
         if (field[0] != L'[') {
-            const double v = ulo::wtof(field.c_str());
+            const double v = fieldNumber(field);
             if (seq.GetNoDashes() == 0 && v < 0)
                 fail(6);
             seq.AddDashDouble(v);
@@ -180,29 +189,30 @@ CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
             fail(5);
         const std::size_t from = tok.Cursor();
         const std::size_t close =
-            from == std::wstring::npos ? std::wstring::npos : tok.Text().find(L']', from);
-        if (close == std::wstring::npos)
+            from == std::wstring_view::npos ? std::wstring_view::npos : tok.Text().find(L']', from);
+        if (close == std::wstring_view::npos)
             fail(2);
-        const std::wstring body = tok.Text().substr(from, close - from);
+        const std::wstring_view body = tok.Text().substr(from, close - from);
         tok.Skip(body.size() + 2);  // the body, "]" and the separator after it
-        TEXT_3D text(field.substr(2, field.size() - 3),
+        TEXT_3D text(ulo::WString(std::wstring(field.substr(2, field.size() - 3))),
                      styles ? styles->GetStyleStandard() : nullptr, 1.0, 0.0, 1.0, 0.0,
                      ulo::geom::PNT_3D::Origin, 0, 0);
         CLtypeTokenizer keys(body, L",");
-        std::wstring styleName;
+        std::wstring_view styleName;
         if (!keys.Next(styleName))
             fail(2);
-        CStyle* style = styles ? styles->Find(styleName) : nullptr;
+        const ulo::WString styleText{std::wstring(styleName)};
+        CStyle* style = styles ? styles->Find(styleText) : nullptr;
         if (!style && notifier)
-            style = notifier->GetUndefinedStyle(styleName);
+            style = notifier->GetUndefinedStyle(styleText);
         if (!style)
             fail(3);
         text.SetStyle(style);
-        std::wstring key;
+        std::wstring_view key;
         while (keys.Next(key)) {
             if (key.size() < 3 || key[1] != L'=')
                 fail(2);
-            const double v = ulo::wtof(key.c_str() + 2);
+            const double v = fieldNumber(key.substr(2));
             ulo::geom::PNT_3D p = text.GetPoint();
             switch (std::towupper(static_cast<std::wint_t>(key[0]))) {
                 case L'S':
@@ -243,19 +253,20 @@ int CLtypeLoader::Load(const wchar_t* path) {
     CLtypeLineReader reader(file.get());
     try {
         for (;;) {
-            std::wstring header;
-            do {
-                header = reader.Next();
-            } while (header[0] != L'*');
+            // The reader's buffer holds one line at a time: take the header's
+            // parts before reading the pattern line.
+            const std::wstring* line = &reader.Next();
+            while ((*line)[0] != L'*') line = &reader.Next();
+            const std::wstring& header = *line;
             const std::size_t comma = header.find(L',');
             const std::wstring name =
                 header.substr(1, comma == std::wstring::npos ? std::wstring::npos : comma - 1);
             const std::wstring desc =
                 comma == std::wstring::npos ? std::wstring() : header.substr(comma + 1);
-            const std::wstring pattern = reader.Next();
+            const std::wstring& pattern = reader.Next();
             try {
-                const CLtypeComplexDashSeq seq = d->Parse(name, pattern);
-                CLtype* ltype = d->factory->CreateLtype(name, desc, seq, 0, 0);
+                CLtypeComplexDashSeq seq = d->Parse(name, pattern);
+                CLtype* ltype = d->factory->CreateLtype(name, desc, std::move(seq), 0, 0);
                 d->ltypes.Add(ltype);
                 ltype->SubReference();
             } catch (const CLtypeLoaderLoadError& e) {
