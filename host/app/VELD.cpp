@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <cwctype>
 
 #include "veld/Colors.h"
+#include "veld/EntCollection.h"
 
 namespace {
 template <class T>
@@ -20,18 +22,58 @@ void holdCurrent(T*& slot, T* item) {
 bool globalColorSelected = true;
 }  // namespace
 
-CVELD::CVELD() : data_(std::make_unique<veld::CData>()) {
+CVELD::CVELD()
+    : data_(std::make_unique<veld::CData>()),
+      selection_(std::make_unique<veld::CEntCollection>()) {
     holdCurrent(settings_.curLayer, veld::FindLayer(data_.get(), L"0"));
     holdCurrent(settings_.curLtype, data_->GetLtypeTable().GetLtypeByLayer());
     holdCurrent(settings_.curStyle, data_->GetStyleTable().GetStyleStandard());
     UpdateAngleConverter();
+    data_->GetDataTablesSourceEvent()->AddListener(&relay_);
+    event_.AddListener(&relay_);
 }
 
 CVELD::~CVELD() {
-    undo_.Clear();  // commands may refer to items: they go first
+    event_.RemoveListener(&relay_);
+    data_->GetDataTablesSourceEvent()->RemoveListener(&relay_);
+    listeners_.clear();
+    // Commands and the selection refer to items and entities: they go first.
+    undo_.Clear();
+    selection_->RemoveAllEnts();
+    for (CVELDView* view : views_)
+        view->ForgetVELD();
     holdCurrent<veld::CLayer>(settings_.curLayer, nullptr);
     holdCurrent<veld::CLtype>(settings_.curLtype, nullptr);
     holdCurrent<veld::CStyle>(settings_.curStyle, nullptr);
+}
+
+void CVELD::SetData(std::unique_ptr<veld::CData> data) {
+    if (!data)
+        return;
+    undo_.Clear();
+    selection_->RemoveAllEnts();
+    reflected_.clear();
+    holdCurrent<veld::CLayer>(settings_.curLayer, nullptr);
+    holdCurrent<veld::CLtype>(settings_.curLtype, nullptr);
+    holdCurrent<veld::CStyle>(settings_.curStyle, nullptr);
+    data_->GetDataTablesSourceEvent()->RemoveListener(&relay_);
+    data_ = std::move(data);
+    data_->GetDataTablesSourceEvent()->AddListener(&relay_);
+    holdCurrent(settings_.curLayer, veld::FindLayer(data_.get(), L"0"));
+    holdCurrent(settings_.curLtype, data_->GetLtypeTable().GetLtypeByLayer());
+    holdCurrent(settings_.curStyle, data_->GetStyleTable().GetStyleStandard());
+    NotifyChange(Change::Redraw);
+}
+
+CVELDView* CVELD::GetActiveView() const {
+    if (activeView_)
+        return activeView_;
+    return views_.empty() ? nullptr : views_.front();
+}
+
+void CVELD::SetActiveView(CVELDView* view) {
+    if (std::find(views_.begin(), views_.end(), view) != views_.end())
+        activeView_ = view;
 }
 
 void CVELD::AttachView(CVELDView* view) {
@@ -41,44 +83,87 @@ void CVELD::AttachView(CVELDView* view) {
 
 void CVELD::DetachView(CVELDView* view) {
     views_.erase(std::remove(views_.begin(), views_.end(), view), views_.end());
+    if (activeView_ == view)
+        activeView_ = nullptr;
+}
+
+void CVELD::SetOSnapper(bool on, unsigned mask) {
+    if (osnapOn_ == on && osnapMask_ == mask)
+        return;
+    osnapOn_ = on;
+    osnapMask_ = mask;
+    event_.NotifyVarChanged(kVarOSnap);
 }
 
 void CVELD::AddChange(ulo::ICmdExecuted* command) {
+    if (!command)
+        return;
     undo_.Add(command);
-    NotifyRedraw();
+    NotifyChange(Change::UndoList);
 }
 
 bool CVELD::Undo() {
     const bool done = undo_.Undo();
     if (done)
-        NotifyRedraw();
+        NotifyChange(Change::UndoList);
     return done;
 }
 
 bool CVELD::Redo() {
     const bool done = undo_.Redo();
     if (done)
-        NotifyRedraw();
+        NotifyChange(Change::UndoList);
     return done;
 }
 
-int CVELD::AddRedrawListener(Listener listener) {
-    static int next = 1;
-    listeners_.emplace_back(next, std::move(listener));
-    return next++;
+CVELDImage* CVELD::AddImage(std::unique_ptr<CVELDImage> image) {
+    if (!image)
+        return nullptr;
+    images_.push_back(std::move(image));
+    return images_.back().get();
 }
 
-void CVELD::RemoveRedrawListener(int id) {
+CVELDImage* CVELD::GetImage(int i) const {
+    return i >= 0 && i < GetNoImages() ? images_[i].get() : nullptr;
+}
+
+CVELDImage* CVELD::FindImage(const QString& name) const {
+    for (const auto& image : images_) {
+        if (image->GetName().compare(name, Qt::CaseInsensitive) == 0)
+            return image.get();
+    }
+    return nullptr;
+}
+
+bool CVELD::RemoveImage(const CVELDImage* image) {
+    const auto it = std::find_if(images_.begin(), images_.end(),
+                                 [image](const auto& p) { return p.get() == image; });
+    if (it == images_.end())
+        return false;
+    images_.erase(it);
+    return true;
+}
+
+int CVELD::AddChangeListener(ChangeListener listener) {
+    listeners_.emplace_back(nextListener_, std::move(listener));
+    return nextListener_++;
+}
+
+int CVELD::AddRedrawListener(std::function<void()> listener) {
+    return AddChangeListener([l = std::move(listener)](Change) { l(); });
+}
+
+void CVELD::RemoveChangeListener(int id) {
     listeners_.erase(std::remove_if(listeners_.begin(), listeners_.end(),
                                     [id](const auto& p) { return p.first == id; }),
                      listeners_.end());
 }
 
-void CVELD::NotifyRedraw() {
-    ++redraws_;
+void CVELD::NotifyChange(Change why) {
+    // A listener may remove itself (or others) while being told: walk a copy.
     const auto listeners = listeners_;
     for (const auto& [id, l] : listeners)
-        l();
+        l(why);
 }
 
 void CVELD::UpdateAngleConverter() {
@@ -101,25 +186,37 @@ veld::CLayer* GetCurLayer(const CVELD* cad) {
     return cad->GetSettings().curLayer;
 }
 void SetCurLayer(CVELD* cad, veld::CLayer* layer) {
+    if (cad->GetSettings().curLayer == layer)
+        return;
     holdCurrent(cad->GetSettings().curLayer, layer);
+    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarCurLayer);
 }
 veld::CLtype* GetCurLtype(const CVELD* cad) {
     return cad->GetSettings().curLtype;
 }
 void SetCurLtype(CVELD* cad, veld::CLtype* ltype) {
+    if (cad->GetSettings().curLtype == ltype)
+        return;
     holdCurrent(cad->GetSettings().curLtype, ltype);
+    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarCurLtype);
 }
 veld::CStyle* GetCurStyle(const CVELD* cad) {
     return cad->GetSettings().curStyle;
 }
 void SetCurStyle(CVELD* cad, veld::CStyle* style) {
+    if (cad->GetSettings().curStyle == style)
+        return;
     holdCurrent(cad->GetSettings().curStyle, style);
+    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarCurStyle);
 }
 double GetLtypeScale(const CVELD* cad) {
     return cad->GetSettings().ltypeScale;
 }
 void SetLtypeScale(CVELD* cad, double scale) {
+    if (cad->GetSettings().ltypeScale == scale)
+        return;
     cad->GetSettings().ltypeScale = scale;
+    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarLtypeScale);
 }
 
 void GetAngleSystem(const CVELD* cad, short& system, double& base, bool& clockwise) {
@@ -130,10 +227,13 @@ void GetAngleSystem(const CVELD* cad, short& system, double& base, bool& clockwi
 
 void SetAngleSystem(CVELD* cad, short system, double base, bool clockwise) {
     auto& s = cad->GetSettings();
+    if (s.angleSystem == system && s.angleBase == base && s.angleClockwise == clockwise)
+        return;
     s.angleSystem = system;
     s.angleBase = base;
     s.angleClockwise = clockwise;
     cad->UpdateAngleConverter();
+    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarAngleSystem);
 }
 
 const IAngleConverter* GetAngleConverter(const CVELD* cad) {
@@ -144,13 +244,19 @@ long GetCrossDim(const CVELD* cad) {
     return cad->GetSettings().crossDim;
 }
 void SetCrossDim(CVELD* cad, long size) {
+    if (cad->GetSettings().crossDim == size)
+        return;
     cad->GetSettings().crossDim = size;
+    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarCursor);
 }
 long GetDeltaPick(const CVELD* cad) {
     return cad->GetSettings().deltaPick;
 }
 void SetDeltaPick(CVELD* cad, long size) {
+    if (cad->GetSettings().deltaPick == size)
+        return;
     cad->GetSettings().deltaPick = size;
+    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarCursor);
 }
 
 GColor GetClrNo(const CVELD*, int index) {
@@ -168,17 +274,27 @@ GColor GetClrEntSelected(const CVELD* cad) {
 GColor GetClrLogCrossHair(const CVELD* cad) {
     return cad->GetSettings().crossHair;
 }
+
+namespace {
+void setColour(CVELD* cad, GColor CVELD::Settings::*field, const GColor& c) {
+    if (cad->GetSettings().*field == c)
+        return;
+    cad->GetSettings().*field = c;
+    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarColors);
+}
+}  // namespace
+
 void SetClrGrphWndBkGrnd(CVELD* cad, const GColor& c) {
-    cad->GetSettings().background = c;
+    setColour(cad, &CVELD::Settings::background, c);
 }
 void SetClrGrid(CVELD* cad, const GColor& c) {
-    cad->GetSettings().grid = c;
+    setColour(cad, &CVELD::Settings::grid, c);
 }
 void SetClrEntSelected(CVELD* cad, const GColor& c) {
-    cad->GetSettings().selected = c;
+    setColour(cad, &CVELD::Settings::selected, c);
 }
 void SetClrCrossHair(CVELD* cad, const GColor& c) {
-    cad->GetSettings().crossHair = c;
+    setColour(cad, &CVELD::Settings::crossHair, c);
 }
 bool DoColorSelectedEnts() {
     return globalColorSelected;
@@ -191,8 +307,46 @@ void SetDoColorSelectedEnts(CVELDView* view, bool on) {
         view->SetColorSelected(on);
 }
 
+veld::CEntCollection& GetSelectedEntCollection(const CVELD* cad) {
+    return const_cast<CVELD*>(cad)->GetSelection();
+}
+
+void NtfySelectedEnt(CVELD* cad, veld::CEnt* entity) {
+    if (!cad || !entity || cad->GetSelection().Contains(entity))
+        return;
+    cad->GetSelection().AddEnt(entity);
+    cad->NotifyChange(CVELD::Change::Selection);
+}
+
+void NtfyDeselectedEnt(CVELD* cad, veld::CEnt* entity) {
+    if (cad && cad->GetSelection().RemoveEnt(entity))
+        cad->NotifyChange(CVELD::Change::Selection);
+}
+
+void NtfyDeselectAll(CVELD* cad) {
+    if (!cad || cad->GetSelection().GetNoEnts() == 0)
+        return;
+    cad->GetSelection().RemoveAllEnts();
+    cad->NotifyChange(CVELD::Change::Selection);
+}
+
+void ReflectEntModified(CVELD* cad, veld::CEnt* entity) {
+    if (!cad || !entity)
+        return;
+    cad->Reflect(entity);
+    cad->NotifyChange(CVELD::Change::Entity);
+}
+
+veld::CEntText* CreateEntText(const CVELD* cad, const veld::TEXT_3D& text) {
+    auto* self = const_cast<CVELD*>(cad);
+    veld::CDrawing* set = self->GetData()->GetDrawingManager()->GetActiveDrawing(0);
+    veld::CLtypeTable& ltypes = self->GetData()->GetLtypeTable();
+    return new veld::CEntText(text, GetCurLayer(cad), ltypes.GetLtypeByLayer(), 256, set);
+}
+
 void redrawAllViews(CVELD& cad) {
-    cad.NotifyRedraw();
+    cad.CountRedraw();
+    cad.NotifyChange(CVELD::Change::Redraw);
     for (int i = 0; i < cad.GetNoViews(); ++i)
         cad.GetView(i)->update();
 }
@@ -200,7 +354,17 @@ void redrawAllViews(CVELD& cad) {
 bool not_numeric_input(const wchar_t* text) {
     if (!text)
         return true;
+    // Only plain decimal notation counts: wcstod alone would also take "inf",
+    // "nan" and hexadecimal numbers.
+    for (const wchar_t* p = text; *p; ++p) {
+        if (std::iswalpha(static_cast<wint_t>(*p)) && *p != L'e' && *p != L'E')
+            return true;
+    }
     wchar_t* end = nullptr;
     std::wcstod(text, &end);
-    return end == text;
+    if (end == text)
+        return true;
+    while (*end && std::iswspace(static_cast<wint_t>(*end)))
+        ++end;
+    return *end != L'\0';
 }

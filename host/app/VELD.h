@@ -1,21 +1,58 @@
 #pragma once
 // CVELD: the CAD instance. It owns the open drawing's data, its views, its
 // settings (current items, line type scale, angle system, cursor sizes,
-// window colours, object snap) and its undo list. Views repaint when told
-// through the redraw listeners.
+// window colours, object snap), the selection, the raster images, the running
+// operation, the entity event sink and the undo list.
+//
+// Views and other observers subscribe with AddChangeListener; they are told
+// why they should look again (a repaint request, an undo list change, the
+// selection, or a notification of the drawing's tables or of the CAD
+// instance's own source event).
+#include <QString>
 #include <functional>
 #include <memory>
 #include <vector>
 
 #include "AngleConverter.h"
+#include "EventNotify.h"
 #include "GColor.h"
 #include "ICADCmdExecuted.h"
+#include "Operation.h"
 #include "UndoList.h"
 #include "VELDView.h"
+#include "pix/VELDImage.h"
 #include "veld/Data.h"
+
+namespace veld {
+class CEnt;
+class CEntCollection;
+class CEntText;
+}  // namespace veld
 
 class CVELD {
 public:
+    /// Numbers of the CAD instance's variables, as NotifyVarChanged reports
+    /// them on GetVeldSourceEvent.
+    enum Var : int {
+        kVarCurLayer = 1,
+        kVarCurLtype,
+        kVarCurStyle,
+        kVarLtypeScale,
+        kVarAngleSystem,
+        kVarCursor,
+        kVarColors,
+        kVarOSnap,
+    };
+    /// Why a change listener is called.
+    enum class Change {
+        Redraw,     ///< redrawAllViews
+        UndoList,   ///< a command was added, undone or redone
+        Selection,  ///< entities selected or deselected
+        Entity,     ///< an entity was reported modified (ReflectEntModified)
+        Source,     ///< the tables' or the CAD instance's source event fired
+    };
+    using ChangeListener = std::function<void(Change)>;
+
     CVELD();
     ~CVELD();
     CVELD(const CVELD&) = delete;
@@ -26,22 +63,39 @@ public:
     /// The notification of changes to the CAD instance's own state.
     veld::CVeldSourceEvent* GetVeldSourceEvent() { return &event_; }
 
+    /// Replaces the open drawing: the undo list and the selection are
+    /// emptied and the current items go back to layer 0, ByLayer and the
+    /// standard style.
+    void SetData(std::unique_ptr<veld::CData> data);
+
     // Views
     int GetNoViews() const { return static_cast<int>(views_.size()); }
     CVELDView* GetView(int i) const { return i >= 0 && i < GetNoViews() ? views_[i] : nullptr; }
-    CVELDView* GetActiveView() const { return views_.empty() ? nullptr : views_.front(); }
+    /// The view made active last (the first attached one until then).
+    CVELDView* GetActiveView() const;
+    void SetActiveView(CVELDView* view);
     void AttachView(CVELDView* view);
     void DetachView(CVELDView* view);
 
-    // The running command
-    void stopExecute() { ++stops_; }
+    // The running operation; never null (the idle operation when none runs).
+    COperation* GetActiveOperation() { return &operation_; }
+    const COperation* GetActiveOperation() const { return &operation_; }
+    void StartOperation(const ulo::WString& name) { operation_ = COperation(name); }
+    /// Ends the running operation.
+    void stopExecute() {
+        operation_ = COperation();
+        ++stops_;
+    }
     unsigned GetStopCount() const { return stops_; }
 
+    // The entity event sink: the default one (CEventNotify) unless replaced.
+    IEventNotify* GetEventNotify() { return notify_ ? notify_ : &defaultNotify_; }
+    CEventNotify& GetDefaultEventNotify() { return defaultNotify_; }
+    /// Replaces the sink (not owned); null puts the default one back.
+    void SetEventNotify(IEventNotify* notify) { notify_ = notify; }
+
     // Object snap
-    void SetOSnapper(bool on, unsigned mask) {
-        osnapOn_ = on;
-        osnapMask_ = mask;
-    }
+    void SetOSnapper(bool on, unsigned mask);
     bool IsOSnapperOn() const { return osnapOn_; }
     unsigned GetOSnapperMask() const { return osnapMask_; }
 
@@ -49,13 +103,31 @@ public:
     void AddChange(ulo::ICmdExecuted* command);
     bool Undo();
     bool Redo();
+    bool CanUndo() const { return undo_.CanUndo(); }
+    bool CanRedo() const { return undo_.CanRedo(); }
     CUndoList& GetUndoList() { return undo_; }
 
-    // Repainting
-    using Listener = std::function<void()>;
-    int AddRedrawListener(Listener listener);
-    void RemoveRedrawListener(int id);
-    void NotifyRedraw();
+    // Raster images, found by name ignoring case.
+    CVELDImage* AddImage(std::unique_ptr<CVELDImage> image);
+    int GetNoImages() const { return static_cast<int>(images_.size()); }
+    CVELDImage* GetImage(int i) const;
+    CVELDImage* FindImage(const QString& name) const;
+    bool RemoveImage(const CVELDImage* image);
+
+    // Selection (GetSelectedEntCollection and the Ntfy functions below).
+    veld::CEntCollection& GetSelection() { return *selection_; }
+    const veld::CEntCollection& GetSelection() const { return *selection_; }
+    /// Entities reported with ReflectEntModified, oldest first.
+    const std::vector<const veld::CEnt*>& GetReflectedEnts() const { return reflected_; }
+
+    // Listeners
+    int AddChangeListener(ChangeListener listener);
+    /// A listener that only wants to repaint, whatever the reason.
+    int AddRedrawListener(std::function<void()> listener);
+    void RemoveChangeListener(int id);
+    void RemoveRedrawListener(int id) { RemoveChangeListener(id); }
+    void NotifyChange(Change why);
+    /// Repaint requests made with redrawAllViews.
     unsigned GetRedrawCount() const { return redraws_; }
 
     // Settings reached through the free functions below.
@@ -73,21 +145,42 @@ public:
         GColor grid = 0xFFFFFF;
         GColor selected = 0x0000FF;
         GColor crossHair = 0xFFFFFF;
-        bool colorSelected = true;
     };
     Settings& GetSettings() { return settings_; }
     const Settings& GetSettings() const { return settings_; }
     const IAngleConverter* GetAngleConverter() const { return converter_.get(); }
     void UpdateAngleConverter();
 
+    // Internal: used by the free functions.
+    void CountRedraw() { ++redraws_; }
+    void Reflect(const veld::CEnt* entity) { reflected_.push_back(entity); }
+
 private:
+    class SourceRelay : public ulo::ISourceEventListener {
+    public:
+        explicit SourceRelay(CVELD& cad) : cad_(cad) {}
+        void OnSourceEvent(ulo::CSourceEvent&) override { cad_.NotifyChange(Change::Source); }
+
+    private:
+        CVELD& cad_;
+    };
+
     std::unique_ptr<veld::CData> data_;
     veld::CVeldSourceEvent event_;
+    SourceRelay relay_{*this};
+    std::unique_ptr<veld::CEntCollection> selection_;
+    std::vector<const veld::CEnt*> reflected_;
     std::vector<CVELDView*> views_;
+    CVELDView* activeView_ = nullptr;
+    std::vector<std::unique_ptr<CVELDImage>> images_;
     CUndoList undo_;
     Settings settings_;
     std::unique_ptr<IAngleConverter> converter_;
-    std::vector<std::pair<int, Listener>> listeners_;
+    std::vector<std::pair<int, ChangeListener>> listeners_;
+    int nextListener_ = 1;
+    COperation operation_;
+    CEventNotify defaultNotify_;
+    IEventNotify* notify_ = nullptr;
     unsigned redraws_ = 0;
     unsigned stops_ = 0;
     bool osnapOn_ = false;
@@ -104,7 +197,8 @@ void SetCurStyle(CVELD* cad, veld::CStyle* style);
 double GetLtypeScale(const CVELD* cad);
 void SetLtypeScale(CVELD* cad, double scale);
 
-// Angle system: format 0 degrees, 2 gons, 3 radians; base angle in radians.
+// Angle system: format 0 degrees, 2 gons, 3 radians (any other code counts as
+// degrees); base angle in radians from East counterclockwise.
 void GetAngleSystem(const CVELD* cad, short& system, double& base, bool& clockwise);
 void SetAngleSystem(CVELD* cad, short system, double base, bool clockwise);
 const IAngleConverter* GetAngleConverter(const CVELD* cad);
@@ -116,6 +210,7 @@ long GetDeltaPick(const CVELD* cad);
 void SetDeltaPick(CVELD* cad, long size);
 
 // Window colours.
+/// RGB of a colour index of the drawing's palette.
 GColor GetClrNo(const CVELD* cad, int index);
 GColor GetClrGrphWndBkGrnd(const CVELD* cad);
 GColor GetClrGrid(const CVELD* cad);
@@ -130,7 +225,23 @@ bool DoColorSelectedEnts();
 void SetDoColorSelectedEnts(bool on);
 void SetDoColorSelectedEnts(CVELDView* view, bool on);
 
+// Selection. The collection holds a reference on each selected entity.
+veld::CEntCollection& GetSelectedEntCollection(const CVELD* cad);
+/// Adds @p entity to the selection (once).
+void NtfySelectedEnt(CVELD* cad, veld::CEnt* entity);
+void NtfyDeselectedEnt(CVELD* cad, veld::CEnt* entity);
+void NtfyDeselectAll(CVELD* cad);
+/// Tells the CAD instance that @p entity changed, so that the views show it.
+void ReflectEntModified(CVELD* cad, veld::CEnt* entity);
+
+/// A new text entity (one reference for the caller, in no container) on the
+/// current layer, line type ByLayer and colour ByLayer.
+veld::CEntText* CreateEntText(const CVELD* cad, const veld::TEXT_3D& text);
+
 /// Repaints every view of the CAD instance.
 void redrawAllViews(CVELD& cad);
-/// True when @p text holds no number ("", "abc", "-"; "0", " 12x" are numbers).
+/// True when @p text is not a number in decimal notation: blanks around the
+/// number are allowed, anything else is not. "", "abc", "-", ".", "12x",
+/// "inf", "0x10" and null are not numeric; "0", " 12 ", "-0.0", "1e3" are.
+/// Used to tell a typed 0 from text that converts to 0.
 bool not_numeric_input(const wchar_t* text);

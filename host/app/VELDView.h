@@ -13,6 +13,8 @@ public:
     explicit CVELDView(CVELD* cad, QWidget* parent = nullptr);
     ~CVELDView() override;
     CVELD* GetVELD() const { return cad_; }
+    /// The CAD instance is going away before the view.
+    void ForgetVELD() { cad_ = nullptr; }
     CGrid& GetGrid() { return grid_; }
     const CGrid& GetGrid() const { return grid_; }
     /// Preset view 1..10 (top, bottom, front, back, left, right, SW, SE, NE,
@@ -32,4 +34,5 @@ private:
 /// The grid the dialogs edit in place.
 const CGrid& GetViewGrid(const CVELDView* view);
 CGrid& GetViewGridForEdit(CVELDView* view);
+/// Sets the preset view direction 1..10; other numbers are ignored.
 void SetPresetView(CVELDView* view, int preset);

@@ -18,6 +18,8 @@ CData::CData() : ltypes_(this), layers_(this), styles_(this) {
                                             0.0, 1.0, 0.0, 2.5, 0, 0);
     styles_.Add(standard);
     standard->SubReference();
+    drawings_.AddDrawing(0, L"CAD1", true, false, false, true);
+    drawings_.AddDrawing(1, L"Topog1", true, false, false, true);
 }
 
 CData::~CData() = default;
@@ -27,6 +29,9 @@ bool CData::IsItemReferenced(const ITableItem* item) const {
         return false;
     for (unsigned i = 0; i < layers_.GetNoItems(); ++i)
         if (layers_.GetNo(i)->GetLtype() == item)
+            return true;
+    for (unsigned i = 0; i < ents_.GetNoEnts(); ++i)
+        if (ents_.GetEnt(i)->RefersTo(item))
             return true;
     for (const auto& test : referenceTests_)
         if (test(item))
@@ -52,6 +57,18 @@ CLtype* CData::CLtypeIterator::GetNext() {
         if (!logical_ && (l->IsByBlock() || l->IsByLayer()))
             continue;
         return l;
+    }
+    return nullptr;
+}
+
+CEnt* CData::CHandleObjectIterator::GetNext() {
+    while (CEnt* e = data_->ents_.GetEnt(i_++)) {
+        CDrawing* d = e->GetDrawing();
+        if (!d || !data_->drawings_.IsDrawingPresent(d))
+            continue;
+        if (!hidden_ && !d->IsVisible())
+            continue;
+        return e;
     }
     return nullptr;
 }

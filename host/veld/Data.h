@@ -1,7 +1,8 @@
 #pragma once
-// CData: one drawing's data: its tables, object factory and change
-// notification. A new drawing holds layer "0", the line types ByBlock,
-// ByLayer and Continuous, and the text style "STANDARD".
+// CData: one drawing's data: its tables, entity sets, entities, object
+// factory and change notification. A new drawing holds layer "0", the line
+// types ByBlock, ByLayer and Continuous, the text style "STANDARD" and one
+// entity set of each of the types "CAD" and "Topog.".
 //
 // Iterator selections:
 // - CLayerIterator(data, withXRef): every layer in table order; XRef-dependent
@@ -10,10 +11,15 @@
 //   XRef-dependent ones only with withXRef, ByBlock and ByLayer only with
 //   withLogical.
 // - CStyleIterator(data, withXRef): text styles likewise.
+// - CHandleObjectIterator(data, withHidden): the entities in drawing order
+//   whose entity set is present in the drawing; entities of sets that are
+//   off are left out unless withHidden is true.
 #include <functional>
 #include <memory>
 #include <vector>
 
+#include "Drawing.h"
+#include "EntCollection.h"
 #include "ObjectFactory.h"
 #include "Tables.h"
 #include "VeldSourceEvent.h"
@@ -34,6 +40,14 @@ public:
     /// The notification of table changes (never null here).
     CVeldSourceEvent* GetDataTablesSourceEvent() { return &tablesEvent_; }
     CData* GetDataTables() { return this; }
+    CDrawingManager* GetDrawingManager() { return &drawings_; }
+    const CDrawingManager* GetDrawingManager() const { return &drawings_; }
+    IHandleGestor* GetHandleGestor() { return &handles_; }
+    /// The drawing's entities (one reference each), in drawing order.
+    CEntTable& GetEntTable() { return ents_; }
+    const CEntTable& GetEntTable() const { return ents_; }
+    /// The next handle given out will be above @p handle.
+    void ReserveHandle(unsigned long handle) { handles_.Reserve(handle); }
 
     /// True when something of the drawing refers to @p item: a layer to a
     /// line type, or an entity (through the registered reference tests).
@@ -63,6 +77,16 @@ public:
         bool xref_, logical_;
         unsigned i_ = 0;
     };
+    class CHandleObjectIterator {
+    public:
+        CHandleObjectIterator(CData* data, bool withHidden) : data_(data), hidden_(withHidden) {}
+        CEnt* GetNext();
+
+    private:
+        CData* data_;
+        bool hidden_;
+        unsigned i_ = 0;
+    };
     class CStyleIterator {
     public:
         CStyleIterator(CData* data, bool withXRef) : data_(data), xref_(withXRef) {}
@@ -75,12 +99,27 @@ public:
     };
 
 private:
+    class Handles : public IHandleGestor {
+    public:
+        unsigned long NewHandle() override { return ++last_; }
+        void Reserve(unsigned long h) {
+            if (h > last_)
+                last_ = h;
+        }
+
+    private:
+        unsigned long last_ = 0;
+    };
     CVeldSourceEvent tablesEvent_;
+    Handles handles_;
     CObjectFactory factory_;
     CLtypeTable ltypes_;
     CLayerTable layers_;
     CStyleTable styles_;
     std::vector<std::function<bool(const ITableItem*)>> referenceTests_;
+    // Entities refer to items and sets: they are declared last, to go first.
+    CDrawingManager drawings_{this, &handles_};
+    CEntTable ents_{&handles_};
 };
 
 CLayerTable* GetMainLayerTable(CData* data);

@@ -1,0 +1,45 @@
+#pragma once
+// CEntCollection: an ordered list of entities holding one reference on each
+// (the selection, the texts a dialog hands back). CEntTable: the drawing's own
+// entities, in drawing order, each given a handle when it enters.
+#include <vector>
+
+#include "Ent.h"
+
+namespace veld {
+
+class CEntCollection {
+public:
+    CEntCollection() = default;
+    CEntCollection(const CEntCollection&) = delete;
+    CEntCollection& operator=(const CEntCollection&) = delete;
+    ~CEntCollection() { RemoveAllEnts(); }
+
+    unsigned GetNoEnts() const { return static_cast<unsigned>(ents_.size()); }
+    CEnt* GetEnt(unsigned i) const { return i < ents_.size() ? ents_[i] : nullptr; }
+    /// Appends @p ent and takes a reference on it.
+    void AddEnt(CEnt* ent);
+    /// Removes @p ent and releases the reference; false when absent.
+    bool RemoveEnt(const CEnt* ent);
+    bool Contains(const CEnt* ent) const;
+    void Reserve(unsigned n) { ents_.reserve(n); }
+    void RemoveAllEnts();
+
+private:
+    std::vector<CEnt*> ents_;
+};
+
+class CEntTable : public CEntCollection {
+public:
+    explicit CEntTable(IHandleGestor* gestor) : gestor_(gestor) {}
+    /// Adds @p ent to the drawing; an entity without a handle gets a new one.
+    void Add(CEnt* ent);
+    CEnt* Find(unsigned long handle) const;
+    /// Entities in @p drawing.
+    unsigned CountIn(const CDrawing* drawing) const;
+
+private:
+    IHandleGestor* gestor_;
+};
+
+}  // namespace veld
