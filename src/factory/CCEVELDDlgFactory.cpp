@@ -8,13 +8,18 @@
 #include "shell/CCECADDlgPasswordDwg.h"
 #include "shell/CCECADDlgRotate.h"
 #include "shell/CGetStringDialog.h"
+#include "veld/EntCollection.h"
 #include "shell/ResString.h"
 
 namespace veld5 {
 
 // Operations whose dialog is not built yet end as a cancelled dialog would.
 
-void CCEVELDDlgFactory::ShowDlgInsText(CWnd*, CVELD&, ulo::geom::PNT_3D&, veld::CEntCollection&) {}
+void CCEVELDDlgFactory::ShowDlgInsText(CWnd*, CVELD&, ulo::geom::PNT_3D&,
+                                       veld::CEntCollection& ents) {
+    // The caller gets only the texts of this call, whatever the outcome.
+    ents.RemoveAllEnts();
+}
 void CCEVELDDlgFactory::ShowDlgOSnap(CWnd*, CVELD&) {}
 bool CCEVELDDlgFactory::ShowDlSnapInsertPnt(CWnd*, CVELD&, ulo::geom::PNT_3D&) {
     return false;

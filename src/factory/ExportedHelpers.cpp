@@ -1,5 +1,6 @@
 // Exported helpers that forward to the host application.
 #include "IVELDDlgFactory.h"
+#include "app/VELD.h"
 #include "app/VELDView.h"
 
 extern "C" {
@@ -32,5 +33,11 @@ void SetPresetViewNEIso(CVELDView* view) {
 }
 void SetPresetViewNWIso(CVELDView* view) {
     SetPresetView(view, 10);
+}
+void NtfySelectedEnt(CVELD* cad, veld::CEnt* entity, bool selected) {
+    if (selected)
+        NtfySelectedEnt(cad, entity);
+    else
+        NtfyDeselectedEnt(cad, entity);
 }
 }

@@ -3,6 +3,7 @@
 
 #include "app/VELD.h"
 #include "factory/IVELDDlgFactory.h"
+#include "veld/EntCollection.h"
 
 TEST(ExportedHelpers, PresetViewsInTheirOrder) {
     using Fn = void (*)(CVELDView*);
@@ -16,4 +17,33 @@ TEST(ExportedHelpers, PresetViewsInTheirOrder) {
         helpers[i](&view);
         EXPECT_EQ(view.GetPresetView(), i + 1);
     }
+}
+
+TEST(ExportedHelpers, NtfySelectedEntSelectsAndDeselects) {
+    CVELD cad;
+    veld::CData* data = cad.GetData();
+    auto* line = new veld::CEntLine({0, 0, 0}, {1, 0, 0}, data->GetLayerTable().Find(L"0"),
+                                    data->GetLtypeTable().GetLtypeByLayer(), 256,
+                                    data->GetDrawingManager()->GetActiveDrawing(0));
+    data->GetEntTable().Add(line);
+    line->SubReference();
+    const veld::CEntCollection& selection = GetSelectedEntCollection(&cad);
+    void (*exported)(CVELD*, veld::CEnt*, bool) = NtfySelectedEnt;
+    exported(&cad, line, true);
+    exported(&cad, line, true);
+    EXPECT_EQ(selection.GetNoEnts(), 1u) << "selected once";
+    exported(&cad, line, false);
+    EXPECT_EQ(selection.GetNoEnts(), 0u);
+}
+
+TEST(ExportedHelpers, TextInsertionEmptiesTheCallersCollection) {
+    CVELD cad;
+    veld::CEntCollection ents;
+    veld::TEXT_3D text(L"old", GetCurStyle(&cad), 1, 0, 1, 0, {}, 0, 0);
+    veld::CEntText* stale = CreateEntText(&cad, text);
+    ents.AddEnt(stale);
+    stale->SubReference();
+    ulo::geom::PNT_3D at{};
+    CreateFactory()->ShowDlgInsText(nullptr, cad, at, ents);
+    EXPECT_EQ(ents.GetNoEnts(), 0u);
 }

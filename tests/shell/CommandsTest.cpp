@@ -4,7 +4,11 @@
 
 #include <set>
 
+#include "app/DrawingFile.h"
+#include "app/SampleDrawing.h"
 #include "app/VELD.h"
+#include "shell/CPropDrawingCmdExecuted.h"
+#include "shell/CPropertyMultiCmdExecuted.h"
 #include "shell/CGridSnapCmdExecuted.h"
 #include "shell/CPropStyleCmdExecuted.h"
 
@@ -81,4 +85,105 @@ TEST(GridCommand, UndoRedoUndoAlternatesTheSettings) {
         ASSERT_TRUE(i % 2 == 0 ? cad.Undo() : cad.Redo());
         EXPECT_TRUE(grid == (i % 2 == 0 ? old : changed)) << i;
     }
+}
+
+namespace {
+/// Undo, redo, undo: the drawing alternates between the two states exactly.
+void expectAlternates(CVELD& cad, const QByteArray& before, const QByteArray& after) {
+    EXPECT_NE(before, after);
+    EXPECT_EQ(drawingfile::Write(cad), after);
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_TRUE(i % 2 == 0 ? cad.Undo() : cad.Redo());
+        EXPECT_EQ(drawingfile::Write(cad), i % 2 == 0 ? before : after) << "step " << i;
+    }
+}
+}  // namespace
+
+TEST(EntitySetsCommand, UndoRedoUndoOfCreateDeleteRenameOrderAndActive) {
+    CVELD cad;
+    BuildSampleDrawing(cad);
+    veld::CDrawingManager* sets = cad.GetData()->GetDrawingManager();
+    const QByteArray before = drawingfile::Write(cad);
+    const veld::CDrawingList activeBefore = sets->GetActiveDrawings();
+    veld::CHandleObjectVectorCollection created, deleted, orderBefore;
+    for (unsigned i = 0; i < sets->GetNoDrawings(); ++i)
+        orderBefore.Add(sets->GetDrawingAtPos(i));
+
+    // The dialog's OK: a new CAD set made active, "Details" deleted, "Plan"
+    // renamed and switched off, and the two survey sets swapped.
+    veld::CDrawing* plan = sets->FindDrawing(0, L"Plan");
+    veld::CDrawing* details = sets->FindDrawing(0, L"Details");
+    ulo::IMemento* planBefore = plan->CreateMemento();
+    plan->SetName(L"Main plan");
+    plan->SetVisible(false);
+    veld::CDrawing* fresh = sets->AddDrawing(0, L"CAD1", true, false, false, true);
+    created.Add(fresh);
+    deleted.Add(details);
+    sets->RemoveDrawing(details);
+    sets->SetActiveDrawing(fresh);
+    veld::CDrawingList order;
+    for (const wchar_t* name : {L"Stations", L"Main plan", L"Stakeout", L"Survey", L"Basemap", L"CAD1"})
+        for (unsigned i = 0; i < sets->GetNoDrawings(); ++i)
+            if (sets->GetDrawingAtPos(i)->GetName() == name)
+                order.push_back(sets->GetDrawingAtPos(i));
+    sets->ChangeOrder(order);
+
+    auto* command = new veld5::CPropDrawingCmdExecuted(&cad, activeBefore, created, deleted, orderBefore);
+    command->Changed(plan, planBefore);
+    EXPECT_EQ(command->GetMemSize(), 120u);
+    cad.AddChange(command);
+    expectAlternates(cad, before, drawingfile::Write(cad));
+}
+
+TEST(EntitySetsCommand, ActiveSetsAreFoundAgainByTypeAndName) {
+    CVELD cad;
+    veld::CDrawingManager* sets = cad.GetData()->GetDrawingManager();
+    veld::CDrawing* cad1 = sets->GetActiveDrawing(0);
+    veld::CDrawing* cad2 = sets->AddDrawing(0, L"CAD2", true, false, false, true);
+    // A set that was active once but is in the drawing no more, and a set of
+    // another drawing that shares a name with one of ours.
+    auto* ghost = new veld::CDrawing(cad.GetData(), L"Ghost", 0, nullptr, sets->GetDrawingType(0));
+    auto* twin = new veld::CDrawing(cad.GetData(), L"cad2", 0, nullptr, sets->GetDrawingType(0));
+    veld::CHandleObjectVectorCollection none, order;
+    order.Add(cad1);
+    order.Add(cad2);
+
+    const struct {
+        veld::CDrawing* activeBefore;
+        veld::CDrawing* activeAfterUndo;
+    } cases[] = {{ghost, cad1}, {twin, cad2}};
+    for (const auto& c : cases) {
+        sets->SetActiveDrawing(cad1);
+        cad.AddChange(new veld5::CPropDrawingCmdExecuted(&cad, {c.activeBefore}, none, none, order));
+        ASSERT_TRUE(cad.Undo());
+        EXPECT_EQ(sets->GetActiveDrawing(0), c.activeAfterUndo) << c.activeBefore->GetName().str().size();
+    }
+    ghost->SubReference();
+    twin->SubReference();
+}
+
+TEST(EntityPropertyCommand, UndoRedoUndoOfEntitiesAndTheLineTypeScale) {
+    CVELD cad;
+    BuildSampleDrawing(cad);
+    const QByteArray before = drawingfile::Write(cad);
+    veld::CData* data = cad.GetData();
+    veld::CLayer* roads = data->GetLayerTable().Find(L"ROADS");
+    veld::CDrawing* details = data->GetDrawingManager()->FindDrawing(0, L"Details");
+
+    const double oldScale = GetLtypeScale(&cad);
+    auto* command = new veld5::CPropertyMultiCmdExecuted(&cad, oldScale);
+    for (unsigned i : {0u, 3u, 20u}) {
+        veld::CEnt* e = data->GetEntTable().GetEnt(i);
+        ulo::IMemento* m = e->CreateMemento();
+        e->SetLayer(roads);
+        e->SetColor(static_cast<short>(10 + i));
+        e->ChangeDrawing(details);
+        command->add(e, m);
+    }
+    SetLtypeScale(&cad, 4.0);
+    cad.AddChange(command);
+    EXPECT_EQ(command->GetNoEnts(), 3u);
+    expectAlternates(cad, before, drawingfile::Write(cad));
+    EXPECT_EQ(GetLtypeScale(&cad), oldScale);
+    EXPECT_EQ(cad.GetReflectedEnts().size(), 9u) << "each undo and redo shows the three entities";
 }

@@ -1,0 +1,771 @@
+// The JSON keys are ASCII literals throughout: this file lets them convert.
+#undef QT_NO_CAST_FROM_ASCII
+#include "DrawingFile.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <memory>
+#include <set>
+
+#include "MouseCursorInfo.h"
+#include "VELD.h"
+#include "veld/SealedFile.h"
+
+namespace drawingfile {
+
+namespace {
+
+constexpr int kVersion = 1;
+const char* const kFormat = "veld-drawing";
+
+QString q(const ulo::WString& s) {
+    return s.ToQString();
+}
+ulo::WString w(const QString& s) {
+    return ulo::WString::FromQString(s);
+}
+
+QString colourText(GColor c) {
+    return QStringLiteral("#%1%2%3")
+        .arg(c.Red(), 2, 16, QLatin1Char('0'))
+        .arg(c.Green(), 2, 16, QLatin1Char('0'))
+        .arg(c.Blue(), 2, 16, QLatin1Char('0'));
+}
+
+QJsonArray point(const ulo::geom::PNT_3D& p) {
+    return QJsonArray{p.x, p.y, p.z};
+}
+
+// ---------------------------------------------------------------- writing
+
+QJsonObject writeStyle(const veld::CStyle* s) {
+    return QJsonObject{{"name", q(s->GetName())},
+                       {"flags", static_cast<qint64>(s->GetFlags())},
+                       {"font", s->GetFont() ? q(s->GetFont()->GetName()) : QString()},
+                       {"fixedHeight", s->GetFixedHeight()},
+                       {"lastHeight", s->GetLastHeight()},
+                       {"widthScale", s->GetWidthScale()},
+                       {"oblique", s->GetOblique()},
+                       {"bold", s->IsBold()},
+                       {"italic", s->IsItalic()},
+                       {"horizontal", s->IsHoriz()}};
+}
+
+QJsonObject writeLtype(const veld::CLtype* t) {
+    QJsonArray elements;
+    for (unsigned i = 0; i < t->GetNoDashes(); ++i) {
+        const veld::ILtypeComplexDash* d = t->GetDash(i);
+        if (d->IsDouble()) {
+            elements.append(d->GetDouble());
+            continue;
+        }
+        const veld::TEXT_3D& text = *d->GetText();
+        const veld::CTextContext& c = text.GetContext();
+        elements.append(QJsonObject{{"text", q(c.GetString())},
+                                    {"style", text.GetStyle() ? q(text.GetStyle()->GetName())
+                                                              : QString()},
+                                    {"height", c.GetHeight()},
+                                    {"rotation", c.GetRotate()},
+                                    {"slant", c.GetSlant()},
+                                    {"width", c.GetWidthFactor()},
+                                    {"at", point(text.GetPoint())},
+                                    {"align", text.GetAlignment()}});
+    }
+    return QJsonObject{{"name", q(t->GetName())},
+                       {"flags", static_cast<qint64>(t->GetFlags())},
+                       {"desc", q(t->GetDesc())},
+                       {"elements", elements}};
+}
+
+QJsonObject writeLayer(const veld::CLayer* l) {
+    return QJsonObject{{"name", q(l->GetName())},
+                       {"flags", static_cast<qint64>(l->GetFlags())},
+                       {"color", l->GetColor()},
+                       {"ltype", l->GetLtype() ? q(l->GetLtype()->GetName()) : QString()},
+                       {"lineWidth", static_cast<int>(l->GetLineWidth())}};
+}
+
+QJsonObject writeEnt(const veld::CEnt* e, const std::map<const veld::CDrawing*, int>& sets) {
+    QJsonArray points;
+    for (const auto& p : e->GetPoints())
+        points.append(point(p));
+    QJsonObject o{{"handle", static_cast<qint64>(e->GetHandle())},
+                  {"kind", QString::fromWCharArray(e->GetKindName())},
+                  {"set", sets.at(e->GetDrawing())},
+                  {"layer", e->GetLayer() ? q(e->GetLayer()->GetName()) : QString()},
+                  {"ltype", e->GetLtype() ? q(e->GetLtype()->GetName()) : QString()},
+                  {"color", e->GetColor()},
+                  {"user", static_cast<qint64>(e->GetUserType()->GetID())},
+                  {"points", points}};
+    switch (e->GetKind()) {
+    case veld::EntKind::Circle:
+        o["radius"] = e->GetRadius();
+        break;
+    case veld::EntKind::Polyline:
+        o["closed"] = e->IsClosed();
+        break;
+    case veld::EntKind::Text: {
+        const auto* t = static_cast<const veld::CEntText*>(e);
+        const veld::TEXT_3D text = t->GetText();
+        const veld::CTextContext& c = text.GetContext();
+        o["text"] = QJsonObject{{"string", q(c.GetString())},
+                                {"style", t->GetStyle() ? q(t->GetStyle()->GetName()) : QString()},
+                                {"height", c.GetHeight()},
+                                {"rotation", c.GetRotate()},
+                                {"slant", c.GetSlant()},
+                                {"width", c.GetWidthFactor()},
+                                {"align", t->GetAlignment()}};
+        break;
+    }
+    default:
+        break;
+    }
+    return o;
+}
+
+QJsonObject writeGrid(const CGrid& g) {
+    double be, bn, se, sn, angle, ge, gn;
+    g.GetSnap(be, bn, se, sn, angle);
+    g.GetGrid(ge, gn);
+    return QJsonObject{{"gridOn", g.IsGridActive()},
+                       {"gridBySnap", g.IsGridBySnap()},
+                       {"gridEast", g.IsGridBySnap() ? 0.0 : ge},
+                       {"gridNorth", g.IsGridBySnap() ? 0.0 : gn},
+                       {"snapOn", g.IsSnapActive()},
+                       {"baseEast", be},
+                       {"baseNorth", bn},
+                       {"snapEast", se},
+                       {"snapNorth", sn},
+                       {"snapAngle", angle}};
+}
+
+QJsonObject writeImage(const CVELDImage& image) {
+    QByteArray png;
+    if (image.GetImage() && !image.GetImage()->GetQImage().isNull()) {
+        QBuffer buffer(&png);
+        buffer.open(QIODevice::WriteOnly);
+        image.GetImage()->GetQImage().save(&buffer, "PNG");
+    }
+    return QJsonObject{{"name", image.GetName()},
+                       {"scale", image.GetScale()},
+                       {"xMin", image.GetXMin()},
+                       {"yMin", image.GetYMin()},
+                       {"png", QString::fromLatin1(png.toBase64())}};
+}
+
+QJsonObject writeObject(const CVELD& constCad) {
+    // The model's iterators take a non-const drawing; nothing here changes it.
+    CVELD& cad = const_cast<CVELD&>(constCad);
+    veld::CData* data = cad.GetData();
+
+    QJsonArray styles, ltypes, layers, sets, active, ents, views, images;
+    for (unsigned i = 0; i < data->GetStyleTable().GetNoItems(); ++i)
+        styles.append(writeStyle(data->GetStyleTable().GetNo(i)));
+    for (unsigned i = 0; i < data->GetLtypeTable().GetNoItems(); ++i)
+        ltypes.append(writeLtype(data->GetLtypeTable().GetNo(i)));
+    for (unsigned i = 0; i < data->GetLayerTable().GetNoItems(); ++i)
+        layers.append(writeLayer(data->GetLayerTable().GetNo(i)));
+
+    const veld::CDrawingManager* manager = data->GetDrawingManager();
+    std::map<const veld::CDrawing*, int> setIndex;
+    for (unsigned i = 0; i < manager->GetNoDrawings(); ++i) {
+        const veld::CDrawing* d = manager->GetDrawingAtPos(i);
+        setIndex[d] = static_cast<int>(i);
+        sets.append(QJsonObject{{"type", static_cast<qint64>(d->GetDrawingType()->GetID())},
+                                {"name", q(d->GetName())},
+                                {"flags", static_cast<qint64>(d->GetFlags())},
+                                {"visible", d->IsVisible()},
+                                {"locked", d->IsLocked()},
+                                {"hidden", d->IsHidden()},
+                                {"useColor", d->UseColor()},
+                                {"color", static_cast<qint64>(d->GetColor())},
+                                {"refs", static_cast<qint64>(d->GetNoRef())}});
+    }
+    for (const veld::CDrawing* d : manager->GetActiveDrawings())
+        active.append(setIndex.at(d));
+    // Entities of a set taken out of the drawing stay with that set (for
+    // undo) and are not part of the drawing.
+    const veld::CEntTable& table = data->GetEntTable();
+    for (unsigned i = 0; i < table.GetNoEnts(); ++i) {
+        const veld::CEnt* e = table.GetEnt(i);
+        if (setIndex.count(e->GetDrawing()))
+            ents.append(writeEnt(e, setIndex));
+    }
+
+    const CVELD::Settings& s = cad.GetSettings();
+    const QJsonObject settings{
+        {"ltypeScale", s.ltypeScale},
+        {"angleSystem", s.angleSystem},
+        {"angleBase", s.angleBase},
+        {"angleClockwise", s.angleClockwise},
+        {"crossDim", static_cast<qint64>(s.crossDim)},
+        {"deltaPick", static_cast<qint64>(s.deltaPick)},
+        {"osnapOn", cad.IsOSnapperOn()},
+        {"osnapMask", static_cast<qint64>(cad.GetOSnapperMask())},
+        {"colors", QJsonObject{{"background", colourText(s.background)},
+                               {"grid", colourText(s.grid)},
+                               {"selected", colourText(s.selected)},
+                               {"crossHair", colourText(s.crossHair)}}}};
+    const QJsonObject current{
+        {"layer", s.curLayer ? q(s.curLayer->GetName()) : QString()},
+        {"ltype", s.curLtype ? q(s.curLtype->GetName()) : QString()},
+        {"style", s.curStyle ? q(s.curStyle->GetName()) : QString()}};
+
+    for (int i = 0; i < cad.GetNoViews(); ++i) {
+        const CVELDView* v = cad.GetView(i);
+        views.append(QJsonObject{{"grid", writeGrid(v->GetGrid())}, {"preset", v->GetPresetView()}});
+    }
+    for (int i = 0; i < cad.GetNoImages(); ++i)
+        images.append(writeImage(*cad.GetImage(i)));
+
+    return QJsonObject{{"format", kFormat}, {"version", kVersion},   {"styles", styles},
+                       {"ltypes", ltypes},  {"layers", layers},      {"sets", sets},
+                       {"active", active},  {"entities", ents},      {"current", current},
+                       {"settings", settings}, {"views", views},     {"images", images}};
+}
+
+// ---------------------------------------------------------------- reading
+
+/// A refusal while reading, with the place in the document it concerns.
+struct Refusal {
+    QString where;
+    QString what;
+};
+
+/// A value of the document and where it stands.
+class In {
+public:
+    In(QJsonValue v, QString where) : v_(std::move(v)), where_(std::move(where)) {}
+
+    In operator[](const char* key) const {
+        if (!v_.isObject())
+            Fail("expected an object");
+        return In(v_.toObject().value(QLatin1String(key)),
+                  where_.isEmpty() ? QString::fromLatin1(key) : where_ + '.' + key);
+    }
+    bool Has(const char* key) const {
+        return v_.isObject() && v_.toObject().contains(QLatin1String(key));
+    }
+    In At(qsizetype i) const { return In(v_.toArray().at(i), where_ + '[' + QString::number(i) + ']'); }
+    qsizetype Size() const {
+        if (!v_.isArray())
+            Fail("expected a list");
+        return v_.toArray().size();
+    }
+    bool IsArray() const { return v_.isArray(); }
+    bool IsObject() const { return v_.isObject(); }
+    double Number(double lo = -1e100, double hi = 1e100) const {
+        if (!v_.isDouble())
+            Fail("expected a number");
+        const double d = v_.toDouble();
+        if (!std::isfinite(d) || d < lo || d > hi)
+            Fail(QStringLiteral("%1 is out of range (%2 to %3)").arg(d).arg(lo).arg(hi));
+        return d;
+    }
+    qint64 Whole(qint64 lo, qint64 hi) const {
+        const double d = Number(static_cast<double>(lo), static_cast<double>(hi));
+        if (d != std::floor(d))
+            Fail(QStringLiteral("expected a whole number, found %1").arg(d));
+        return static_cast<qint64>(d);
+    }
+    bool Bool() const {
+        if (!v_.isBool())
+            Fail("expected true or false");
+        return v_.toBool();
+    }
+    QString Text() const {
+        if (!v_.isString())
+            Fail("expected a text");
+        return v_.toString();
+    }
+    QString Name() const {
+        const QString s = Text();
+        if (s.trimmed().isEmpty())
+            Fail("a name may not be empty");
+        return s;
+    }
+    GColor Colour() const {
+        const QString s = Text();
+        bool ok = s.size() == 7 && s[0] == '#';
+        const unsigned rgb = ok ? s.mid(1).toUInt(&ok, 16) : 0;
+        if (!ok)
+            Fail(QStringLiteral("expected a colour \"#rrggbb\", found \"%1\"").arg(s));
+        return GColor(((rgb & 0xFF) << 16) | (rgb & 0xFF00) | ((rgb >> 16) & 0xFF));
+    }
+    ulo::geom::PNT_3D Point() const {
+        if (Size() != 3)
+            Fail("expected a point [x, y, z]");
+        return {At(0).Number(), At(1).Number(), At(2).Number()};
+    }
+    [[noreturn]] void Fail(const QString& what) const { throw Refusal{where_, what}; }
+
+private:
+    QJsonValue v_;
+    QString where_;
+};
+
+/// Everything read, held apart from the CAD instance until all of it checked.
+struct Parsed {
+    std::unique_ptr<veld::CData> data = std::make_unique<veld::CData>();
+    CVELD::Settings settings;
+    bool osnapOn = false;
+    unsigned osnapMask = 0;
+    veld::CLayer* curLayer = nullptr;
+    veld::CLtype* curLtype = nullptr;
+    veld::CStyle* curStyle = nullptr;
+    struct View {
+        CGrid grid;
+        int preset = 1;
+    };
+    std::vector<View> views;
+    std::vector<std::unique_ptr<CVELDImage>> images;
+};
+
+/// Empties a table of a new drawing, keeping its items by name so that the
+/// file's items of those names take them over (the drawing's own ByBlock,
+/// ByLayer, Continuous, layer 0 and standard style stay the same objects).
+template <class T>
+std::map<QString, ulo::RefPtr<T>> takeDefaults(veld::ITable<T>& table) {
+    std::map<QString, ulo::RefPtr<T>> kept;
+    while (table.GetNoItems() > 0) {
+        T* item = table.GetNo(0);
+        kept[q(item->GetName()).toUpper()] = ulo::RefPtr<T>::Share(item);
+        table.Remove(item);
+    }
+    return kept;
+}
+
+template <class T>
+void checkUnique(veld::ITable<T>& table, const QString& name, const In& where) {
+    if (table.Find(w(name)))
+        where.Fail(QStringLiteral("\"%1\" appears twice").arg(name));
+}
+
+veld::CStyle* findStyle(veld::CData& data, const In& in, bool allowEmpty) {
+    const QString name = in.Text();
+    if (name.isEmpty() && allowEmpty)
+        return nullptr;
+    veld::CStyle* s = data.GetStyleTable().Find(w(name));
+    if (!s)
+        in.Fail(QStringLiteral("no text style \"%1\"").arg(name));
+    return s;
+}
+veld::CLtype* findLtype(veld::CData& data, const In& in) {
+    const QString name = in.Text();
+    veld::CLtype* t = data.GetLtypeTable().Find(w(name));
+    if (!t)
+        in.Fail(QStringLiteral("no line type \"%1\"").arg(name));
+    return t;
+}
+veld::CLayer* findLayer(veld::CData& data, const In& in) {
+    const QString name = in.Text();
+    veld::CLayer* l = data.GetLayerTable().Find(w(name));
+    if (!l)
+        in.Fail(QStringLiteral("no layer \"%1\"").arg(name));
+    return l;
+}
+
+unsigned flags(const In& in) {
+    return static_cast<unsigned>(in.Whole(0, 0xFFFFFFFF));
+}
+
+void readStyles(veld::CData& data, const In& list) {
+    auto kept = takeDefaults(data.GetStyleTable());
+    for (qsizetype i = 0; i < list.Size(); ++i) {
+        const In s = list.At(i);
+        const QString name = s["name"].Name();
+        checkUnique(data.GetStyleTable(), name, s["name"]);
+        const QString fontName = s["font"].Text();
+        const veld::ICADFont* font = veld::CFontTable::GetInstance().Find(w(fontName));
+        if (!font)
+            s["font"].Fail(QStringLiteral("no font \"%1\"").arg(fontName));
+        ulo::RefPtr<veld::CStyle> style;
+        if (auto it = kept.find(name.toUpper()); it != kept.end()) {
+            style = it->second;
+            style->SetName(w(name));
+            style->SetFont(font);
+        } else {
+            style = ulo::RefPtr<veld::CStyle>::Adopt(
+                data.GetObjectFactory()->CreateStyle(w(name), font, 0, 1, 0, 0, 0, 0));
+        }
+        style->SetFlags(flags(s["flags"]));
+        style->SetFixedHeight(s["fixedHeight"].Number(0, 1e100));
+        style->SetLastHeight(s["lastHeight"].Number(0, 1e100));
+        style->SetWidthScale(s["widthScale"].Number(1e-9, 1e100));
+        style->SetOblique(s["oblique"].Number(-M_PI, M_PI));
+        style->SetBold(s["bold"].Bool());
+        style->SetItalic(s["italic"].Bool());
+        style->SetHoriz(s["horizontal"].Bool());
+        data.GetStyleTable().Add(style.get());
+    }
+    if (data.GetStyleTable().GetNoItems() == 0)
+        list.Fail("a drawing needs at least one text style");
+}
+
+void readLtypes(veld::CData& data, const In& list) {
+    auto kept = takeDefaults(data.GetLtypeTable());
+    for (qsizetype i = 0; i < list.Size(); ++i) {
+        const In t = list.At(i);
+        const QString name = t["name"].Name();
+        checkUnique(data.GetLtypeTable(), name, t["name"]);
+        veld::CLtypeComplexDashSeq seq;
+        const In elements = t["elements"];
+        for (qsizetype j = 0; j < elements.Size(); ++j) {
+            const In e = elements.At(j);
+            if (!e.IsObject()) {
+                seq.AddDashDouble(e.Number());
+                continue;
+            }
+            seq.AddDashText(veld::TEXT_3D(
+                w(e["text"].Text()), findStyle(data, e["style"], false), e["height"].Number(),
+                e["slant"].Number(), e["width"].Number(), e["rotation"].Number(),
+                e["at"].Point(), static_cast<unsigned short>(e["align"].Whole(0, 11)), 0));
+        }
+        const QString desc = t["desc"].Text();
+        ulo::RefPtr<veld::CLtype> ltype;
+        if (auto it = kept.find(name.toUpper()); it != kept.end()) {
+            ltype = it->second;
+            ltype->SetName(w(name));
+            ltype->Copy(veld::CLtype(w(name), w(desc), std::move(seq), 0));
+        } else {
+            ltype = ulo::RefPtr<veld::CLtype>::Adopt(data.GetObjectFactory()->CreateLtype(
+                w(name), w(desc), std::move(seq), 0, 0));
+        }
+        ltype->SetFlags(flags(t["flags"]));
+        data.GetLtypeTable().Add(ltype.get());
+    }
+    for (const wchar_t* needed : {L"ByBlock", L"ByLayer", L"Continuous"})
+        if (!data.GetLtypeTable().Find(needed))
+            list.Fail(QStringLiteral("the line type \"%1\" is missing")
+                          .arg(QString::fromWCharArray(needed)));
+}
+
+void readLayers(veld::CData& data, const In& list) {
+    auto kept = takeDefaults(data.GetLayerTable());
+    for (qsizetype i = 0; i < list.Size(); ++i) {
+        const In l = list.At(i);
+        const QString name = l["name"].Name();
+        checkUnique(data.GetLayerTable(), name, l["name"]);
+        veld::CLtype* ltype = findLtype(data, l["ltype"]);
+        const auto colour = static_cast<unsigned short>(l["color"].Whole(1, 255));
+        const auto width = static_cast<veld::enumLineWidth>(l["lineWidth"].Whole(-3, 211));
+        ulo::RefPtr<veld::CLayer> layer;
+        if (auto it = kept.find(name.toUpper()); it != kept.end()) {
+            layer = it->second;
+            layer->SetName(w(name));
+            layer->SetLtype(ltype);
+            layer->SetColor(colour);
+            layer->SetLineWidth(width);
+        } else {
+            layer = ulo::RefPtr<veld::CLayer>::Adopt(
+                data.GetObjectFactory()->CreateLayer(w(name), ltype, colour, width, 0, 0));
+        }
+        layer->SetFlags(flags(l["flags"]));
+        data.GetLayerTable().Add(layer.get());
+    }
+    if (!data.GetLayerTable().Find(L"0"))
+        list.Fail("the layer \"0\" is missing");
+}
+
+std::vector<veld::CDrawing*> readSets(veld::CData& data, const In& list, const In& active) {
+    veld::CDrawingManager* manager = data.GetDrawingManager();
+    while (manager->GetNoDrawings() > 0)
+        manager->RemoveDrawing(manager->GetDrawingAtPos(0));
+    std::vector<veld::CDrawing*> sets;
+    for (qsizetype i = 0; i < list.Size(); ++i) {
+        const In s = list.At(i);
+        const In typeIn = s["type"];
+        const auto type = static_cast<unsigned>(typeIn.Whole(0, 0xFFFFFFFF));
+        if (!manager->GetDrawingType(type))
+            typeIn.Fail(QStringLiteral("no entity set type %1").arg(type));
+        const QString name = s["name"].Name();
+        if (manager->FindDrawing(type, w(name)))
+            s["name"].Fail(QStringLiteral("\"%1\" appears twice in its type").arg(name));
+        veld::CDrawing* d = manager->AddDrawing(type, w(name), s["visible"].Bool(),
+                                                s["locked"].Bool(), s["hidden"].Bool(), true);
+        d->SetFlags(flags(s["flags"]));
+        d->SetUseColor(s["useColor"].Bool());
+        d->SetColor(static_cast<unsigned>(s["color"].Whole(0, 256)));
+        d->SetNoRef(static_cast<unsigned>(s["refs"].Whole(0, 0xFFFF)));
+        sets.push_back(d);
+    }
+    for (qsizetype i = 0; i < active.Size(); ++i) {
+        const qint64 index = active.At(i).Whole(0, static_cast<qint64>(sets.size()) - 1);
+        manager->SetActiveDrawing(sets[static_cast<size_t>(index)]);
+    }
+    for (unsigned type : {0u, 1u})
+        if (!manager->GetActiveDrawing(type))
+            list.Fail(QStringLiteral("the drawing needs an entity set of type %1").arg(type));
+    return sets;
+}
+
+void readEnts(veld::CData& data, const In& list, const std::vector<veld::CDrawing*>& sets) {
+    std::set<qint64> handles;
+    for (qsizetype i = 0; i < list.Size(); ++i) {
+        const In e = list.At(i);
+        const qint64 handle = e["handle"].Whole(1, 0x7FFFFFFF);
+        if (!handles.insert(handle).second)
+            e["handle"].Fail(QStringLiteral("handle %1 appears twice").arg(handle));
+        veld::EntKind kind;
+        const QString kindName = e["kind"].Text();
+        if (!veld::CEnt::KindFromName(w(kindName), kind))
+            e["kind"].Fail(QStringLiteral("no entity kind \"%1\"").arg(kindName));
+        veld::CDrawing* set =
+            sets[static_cast<size_t>(e["set"].Whole(0, static_cast<qint64>(sets.size()) - 1))];
+        ulo::RefPtr<veld::CEnt> ent = ulo::RefPtr<veld::CEnt>::Adopt(veld::CreateEnt(
+            kind, findLayer(data, e["layer"]), findLtype(data, e["ltype"]),
+            static_cast<short>(e["color"].Whole(0, 256)), set));
+        ent->SetHandle(static_cast<unsigned long>(handle));
+        ent->SetUserType(veld::CVeldUserType::FromID(
+            static_cast<unsigned>(e["user"].Whole(0, 0xFFFFFFFF))));
+        const In pts = e["points"];
+        std::vector<ulo::geom::PNT_3D> points;
+        for (qsizetype j = 0; j < pts.Size(); ++j)
+            points.push_back(pts.At(j).Point());
+        const size_t need = kind == veld::EntKind::Line ? 2 : kind == veld::EntKind::Polyline ? 2 : 1;
+        if (points.size() < need || (kind != veld::EntKind::Polyline && points.size() != need))
+            pts.Fail(QStringLiteral("a %1 has %2 point%3").arg(kindName.toLower())
+                         .arg(need).arg(need == 1 ? "" : kind == veld::EntKind::Polyline ? "s or more" : "s"));
+        ent->SetPoints(std::move(points));
+        if (kind == veld::EntKind::Circle)
+            ent->SetRadius(e["radius"].Number(0, 1e100));
+        if (kind == veld::EntKind::Polyline)
+            ent->SetClosed(e["closed"].Bool());
+        if (kind == veld::EntKind::Text) {
+            const In t = e["text"];
+            auto* text = static_cast<veld::CEntText*>(ent.get());
+            text->SetText(veld::TEXT_3D(
+                w(t["string"].Text()), findStyle(data, t["style"], false),
+                t["height"].Number(0, 1e100), t["slant"].Number(), t["width"].Number(1e-9, 1e100),
+                t["rotation"].Number(), ent->GetPoints().front(),
+                static_cast<unsigned short>(t["align"].Whole(0, 11)), 0));
+        }
+        data.GetEntTable().Add(ent.get());
+        data.ReserveHandle(static_cast<unsigned long>(handle));
+    }
+}
+
+void readSettings(Parsed& p, const In& s) {
+    CVELD::Settings& out = p.settings;
+    out.ltypeScale = s["ltypeScale"].Number(1e-9, 1e100);
+    const qint64 system = s["angleSystem"].Whole(0, 3);
+    if (system == 1)
+        s["angleSystem"].Fail("expected 0 (degrees), 2 (gons) or 3 (radians)");
+    out.angleSystem = static_cast<short>(system);
+    out.angleBase = s["angleBase"].Number(-2 * M_PI, 2 * M_PI);
+    out.angleClockwise = s["angleClockwise"].Bool();
+    out.crossDim = static_cast<long>(s["crossDim"].Whole(0, 10000));
+    out.deltaPick = static_cast<long>(s["deltaPick"].Whole(0, 10000));
+    p.osnapOn = s["osnapOn"].Bool();
+    p.osnapMask = static_cast<unsigned>(s["osnapMask"].Whole(0, 0xFFFFFFFF));
+    const In c = s["colors"];
+    out.background = c["background"].Colour();
+    out.grid = c["grid"].Colour();
+    out.selected = c["selected"].Colour();
+    out.crossHair = c["crossHair"].Colour();
+}
+
+void readCurrent(Parsed& p, const In& c) {
+    veld::CData& data = *p.data;
+    p.curLayer = findLayer(data, c["layer"]);
+    if (!p.curLayer->CanBeCurrent())
+        c["layer"].Fail(QStringLiteral("the layer \"%1\" cannot be current").arg(c["layer"].Text()));
+    p.curLtype = findLtype(data, c["ltype"]);
+    p.curStyle = findStyle(data, c["style"], false);
+}
+
+void readViews(Parsed& p, const In& list) {
+    for (qsizetype i = 0; i < list.Size(); ++i) {
+        const In v = list.At(i);
+        const In g = v["grid"];
+        Parsed::View view;
+        view.preset = static_cast<int>(v["preset"].Whole(1, 10));
+        view.grid.SetSnap(g["snapOn"].Bool(), g["baseEast"].Number(), g["baseNorth"].Number(),
+                          g["snapEast"].Number(), g["snapNorth"].Number(),
+                          g["snapAngle"].Number(-2 * M_PI, 2 * M_PI));
+        const bool on = g["gridOn"].Bool();
+        if (g["gridBySnap"].Bool()) {
+            view.grid.SetGridBySnap();
+            if (!on)
+                view.grid.SetGrid(false, 0.0, 0.0);
+        } else {
+            view.grid.SetGrid(on, g["gridEast"].Number(1e-12, 1e100),
+                              g["gridNorth"].Number(1e-12, 1e100));
+        }
+        p.views.push_back(view);
+    }
+}
+
+void readImages(Parsed& p, const In& list) {
+    for (qsizetype i = 0; i < list.Size(); ++i) {
+        const In im = list.At(i);
+        const QString name = im["name"].Name();
+        QImage image;
+        const QByteArray png = QByteArray::fromBase64(im["png"].Text().toLatin1());
+        if (!png.isEmpty() && !image.loadFromData(png, "PNG"))
+            im["png"].Fail("the picture is not a readable PNG");
+        p.images.push_back(std::make_unique<CVELDImage>(
+            name, std::make_shared<pix::CDibImage>(image), im["scale"].Number(1e-12, 1e100),
+            im["xMin"].Number(), im["yMin"].Number()));
+    }
+}
+
+template <class T>
+void holdInSettings(T*& slot, T* item) {
+    if (item)
+        item->AddReference();
+    if (slot)
+        slot->SubReference();
+    slot = item;
+}
+
+}  // namespace
+
+QByteArray Write(const CVELD& cad) {
+    return QJsonDocument(writeObject(cad)).toJson(QJsonDocument::Indented);
+}
+
+QByteArray Dump(const CVELD& cad) {
+    QJsonObject o = writeObject(cad);
+    QJsonArray selection;
+    const veld::CEntCollection& sel = GetSelectedEntCollection(&cad);
+    for (unsigned i = 0; i < sel.GetNoEnts(); ++i)
+        selection.append(static_cast<qint64>(sel.GetEnt(i)->GetHandle()));
+    CVELD& mutableCad = const_cast<CVELD&>(cad);
+    const CMouseCursorInfo& c = CSystemVars::GetInstance().GetMouseCursorInfo();
+    o["session"] = QJsonObject{
+        {"selection", selection},
+        {"undo", static_cast<qint64>(mutableCad.GetUndoList().GetDoneCount())},
+        {"redo", static_cast<qint64>(mutableCad.GetUndoList().GetCount() -
+                                     mutableCad.GetUndoList().GetDoneCount())},
+        {"colorSelected", DoColorSelectedEnts()},
+        {"cursor", QJsonObject{{"format", static_cast<qint64>(c.GetCursorFormat())},
+                               {"color", colourText(c.GetCursorColor())},
+                               {"alternate", colourText(c.GetCursorAlterColor())},
+                               {"size", c.GetCursorSize()},
+                               {"searchSize", c.GetCursorSearchSize()},
+                               {"aperture", c.GetCursorAperture()},
+                               {"penWeight", c.GetCursorPenWeight()},
+                               {"allScreen", c.IsCursorAllScreen()}}}};
+    return QJsonDocument(o).toJson(QJsonDocument::Indented);
+}
+
+bool Read(CVELD& cad, const QByteArray& json, QString& error) {
+    QJsonParseError parse{};
+    const QJsonDocument doc = QJsonDocument::fromJson(json, &parse);
+    if (parse.error != QJsonParseError::NoError) {
+        error = QStringLiteral("not a drawing file: %1 at byte %2")
+                    .arg(parse.errorString())
+                    .arg(parse.offset);
+        return false;
+    }
+    Parsed p;
+    try {
+        const In root(doc.isObject() ? QJsonValue(doc.object()) : QJsonValue(), QString());
+        if (!root.IsObject())
+            root.Fail("expected an object");
+        if (root["format"].Text() != QLatin1String(kFormat))
+            root["format"].Fail(QStringLiteral("expected \"%1\"").arg(kFormat));
+        if (root["version"].Whole(1, 1000) != kVersion)
+            root["version"].Fail(QStringLiteral("this program reads version %1").arg(kVersion));
+        readStyles(*p.data, root["styles"]);
+        readLtypes(*p.data, root["ltypes"]);
+        readLayers(*p.data, root["layers"]);
+        const auto sets = readSets(*p.data, root["sets"], root["active"]);
+        readEnts(*p.data, root["entities"], sets);
+        readSettings(p, root["settings"]);
+        readCurrent(p, root["current"]);
+        readViews(p, root["views"]);
+        readImages(p, root["images"]);
+    } catch (const Refusal& r) {
+        error = r.where.isEmpty() ? r.what : r.where + QStringLiteral(": ") + r.what;
+        return false;
+    }
+
+    // Everything checked: the CAD instance takes the new drawing.
+    veld::CLayer* layer = p.curLayer;
+    veld::CLtype* ltype = p.curLtype;
+    veld::CStyle* style = p.curStyle;
+    cad.SetData(std::move(p.data));
+    CVELD::Settings& s = cad.GetSettings();
+    p.settings.curLayer = s.curLayer;
+    p.settings.curLtype = s.curLtype;
+    p.settings.curStyle = s.curStyle;
+    s = p.settings;
+    holdInSettings(s.curLayer, layer);
+    holdInSettings(s.curLtype, ltype);
+    holdInSettings(s.curStyle, style);
+    cad.UpdateAngleConverter();
+    cad.SetOSnapper(p.osnapOn, p.osnapMask);
+    for (int i = 0; i < cad.GetNoViews() && i < static_cast<int>(p.views.size()); ++i) {
+        cad.GetView(i)->GetGrid() = p.views[static_cast<size_t>(i)].grid;
+        cad.GetView(i)->SetPresetView(p.views[static_cast<size_t>(i)].preset);
+    }
+    while (cad.GetNoImages() > 0)
+        cad.RemoveImage(cad.GetImage(0));
+    for (auto& image : p.images)
+        cad.AddImage(std::move(image));
+    cad.NotifyChange(CVELD::Change::Redraw);
+    return true;
+}
+
+bool Load(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* request,
+          QString& error) {
+    const QString name = QFileInfo(path).fileName();
+    QFile file(path);
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly)) {
+        error = QStringLiteral("%1 cannot be opened: %2")
+                    .arg(name, QFileInfo(path).isDir() ? QStringLiteral("it is a folder")
+                                                       : file.errorString());
+        return false;
+    }
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        error = QStringLiteral("%1 cannot be read: %2").arg(name, file.errorString());
+        return false;
+    }
+    QByteArray plain;
+    switch (veld::CSealedFile::Read(bytes, request, w(name), plain)) {
+    case veld::CSealedFile::Result::Plain:
+    case veld::CSealedFile::Result::Opened:
+        break;
+    case veld::CSealedFile::Result::Cancelled:
+        error = QStringLiteral("%1 was not opened: no password was given").arg(name);
+        return false;
+    case veld::CSealedFile::Result::WrongPassword:
+        error = QStringLiteral("%1 was not opened: wrong password").arg(name);
+        return false;
+    case veld::CSealedFile::Result::Damaged:
+        error = QStringLiteral("%1 is damaged: its sealed content does not open").arg(name);
+        return false;
+    }
+    QString why;
+    if (!Read(cad, plain, why)) {
+        error = QStringLiteral("%1: %2").arg(name, why);
+        return false;
+    }
+    return true;
+}
+
+bool Save(const CVELD& cad, const QString& path, const QString& password, QString& error) {
+    const QByteArray json = Write(cad);
+    const QByteArray bytes = password.isEmpty() ? json : veld::CSealedFile::Seal(json, w(password));
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        error = QStringLiteral("%1 cannot be saved: %2")
+                    .arg(QFileInfo(path).fileName(), file.errorString());
+        return false;
+    }
+    return true;
+}
+
+}  // namespace drawingfile

@@ -1,0 +1,210 @@
+// Entities and entity sets of the drawing model: mementos restore every
+// property, references keep items alive and in use, the manager keeps order
+// and one active set per type.
+#include <gtest/gtest.h>
+
+#include "veld/Data.h"
+
+namespace {
+using ulo::geom::PNT_3D;
+
+struct Drawing {
+    veld::CData data;
+    veld::CLayer* zero = data.GetLayerTable().Find(L"0");
+    veld::CLtype* byLayer = data.GetLtypeTable().GetLtypeByLayer();
+    veld::CDrawingManager* sets = data.GetDrawingManager();
+
+    veld::CLayer* layer(const wchar_t* name) {
+        veld::CLayer* l = data.GetObjectFactory()->CreateLayer(
+            name, data.GetLtypeTable().GetLtypeContinuous(), 3, veld::kLineWidthDefault, 0, 0);
+        data.GetLayerTable().Add(l);
+        l->SubReference();
+        return l;
+    }
+    veld::CEnt* line(veld::CDrawing* set) {
+        auto* e = new veld::CEntLine({0, 0, 0}, {1, 1, 0}, zero, byLayer, 256, set);
+        data.GetEntTable().Add(e);
+        e->SubReference();
+        return e;
+    }
+    std::wstring order() const {
+        std::wstring s;
+        for (unsigned i = 0; i < sets->GetNoDrawings(); ++i)
+            s += (s.empty() ? L"" : L",") + sets->GetDrawingAtPos(i)->GetName().str();
+        return s;
+    }
+};
+}  // namespace
+
+TEST(Entity, MementoRestoresEveryPropertyAndHasChangedSeesEachOne) {
+    Drawing d;
+    veld::CLayer* walls = d.layer(L"WALLS");
+    veld::CDrawing* cad = d.sets->GetActiveDrawing(0);
+    veld::CDrawing* other = d.sets->AddDrawing(0, L"Other", true, false, false, true);
+    veld::CStyle* standard = d.data.GetStyleTable().GetStyleStandard();
+    auto* text = new veld::CEntText(
+        veld::TEXT_3D(L"A", standard, 2, 0, 1, 0, PNT_3D{1, 2, 3}, 0, 0), d.zero, d.byLayer, 256,
+        cad);
+    d.data.GetEntTable().Add(text);
+    text->SubReference();
+
+    const std::vector<std::pair<const char*, std::function<void(veld::CEntText&)>>> changes = {
+        {"colour", [](veld::CEntText& e) { e.SetColor(1); }},
+        {"layer", [&](veld::CEntText& e) { e.SetLayer(walls); }},
+        {"line type", [&](veld::CEntText& e) { e.SetLtype(d.data.GetLtypeTable().GetLtypeByBlock()); }},
+        {"entity set", [&](veld::CEntText& e) { e.ChangeDrawing(other); }},
+        {"user type", [](veld::CEntText& e) { e.SetUserType(veld::CVeldUserType::Survey()); }},
+        {"position", [](veld::CEntText& e) { e.Move(1, 0, 0); }},
+        {"text", [&](veld::CEntText& e) {
+             e.SetText(veld::TEXT_3D(L"B", standard, 2, 0, 1, 0, PNT_3D{1, 2, 3}, 0, 0));
+         }},
+        {"alignment", [&](veld::CEntText& e) {
+             e.SetText(veld::TEXT_3D(L"A", standard, 2, 0, 1, 0, PNT_3D{1, 2, 3}, 4, 0));
+         }},
+    };
+    for (const auto& [what, change] : changes) {
+        ulo::IMemento* before = text->CreateMemento();
+        EXPECT_FALSE(text->HasChanged(before)) << what;
+        change(*text);
+        EXPECT_TRUE(text->HasChanged(before)) << what;
+        text->SetMemento(before);
+        EXPECT_FALSE(text->HasChanged(before)) << what;
+        before->SubReference();
+    }
+    EXPECT_EQ(text->GetDrawing(), cad);
+    EXPECT_EQ(text->GetLayer(), d.zero);
+    EXPECT_EQ(text->GetString(), L"A");
+    EXPECT_EQ(text->GetPoints().front(), (PNT_3D{1, 2, 3}));
+}
+
+TEST(Entity, ReferencesMakeItemsUsedAndKeepThemAlive) {
+    Drawing d;
+    veld::CLayer* walls = d.layer(L"WALLS");
+    EXPECT_FALSE(walls->IsItemUsed());
+    veld::CEnt* e = d.line(d.sets->GetActiveDrawing(0));
+    e->SetLayer(walls);
+    EXPECT_TRUE(walls->IsItemUsed());
+
+    // A memento holds the layer too: removing it from the table leaves it
+    // alive for the way back.
+    ulo::IMemento* m = e->CreateMemento();
+    e->SetLayer(d.zero);
+    EXPECT_FALSE(walls->IsItemUsed());
+    walls->AddReference();
+    d.data.GetLayerTable().Remove(walls);
+    EXPECT_EQ(walls->GetReferenceCount(), 2u);  // ours and the memento's
+    walls->SubReference();
+    e->SetMemento(m);
+    m->SubReference();
+    EXPECT_EQ(e->GetLayer()->GetName(), L"WALLS");
+    EXPECT_EQ(walls->GetReferenceCount(), 1u);
+}
+
+TEST(Entity, CollectionsHoldOneReferenceEachAndTheTableGivesHandles) {
+    Drawing d;
+    veld::CEnt* a = d.line(d.sets->GetActiveDrawing(0));
+    veld::CEnt* b = d.line(d.sets->GetActiveDrawing(0));
+    EXPECT_NE(a->GetHandle(), 0u);
+    EXPECT_NE(a->GetHandle(), b->GetHandle());
+    EXPECT_EQ(d.data.GetEntTable().Find(b->GetHandle()), b);
+    {
+        veld::CEntCollection selection;
+        selection.AddEnt(a);
+        selection.AddEnt(b);
+        EXPECT_EQ(a->GetReferenceCount(), 2u);
+        EXPECT_TRUE(selection.RemoveEnt(a));
+        EXPECT_FALSE(selection.RemoveEnt(a));
+        EXPECT_EQ(a->GetReferenceCount(), 1u);
+    }
+    EXPECT_EQ(b->GetReferenceCount(), 1u);
+    EXPECT_EQ(d.sets->GetActiveDrawing(0)->GetEntTable()->GetNoEnts(), 2u);
+    a->ChangeDrawing(d.sets->GetActiveDrawing(1));
+    EXPECT_EQ(d.sets->GetActiveDrawing(0)->GetEntTable()->GetNoEnts(), 1u);
+}
+
+TEST(EntitySets, OrderActiveSetsAndLookups) {
+    Drawing d;
+    EXPECT_EQ(d.order(), L"CAD1,Topog1");
+    veld::CDrawing* cad1 = d.sets->GetActiveDrawing(0);
+    veld::CDrawing* cad2 = d.sets->AddDrawing(0, L"CAD2", true, false, false, true);
+    veld::CDrawing* first = d.sets->AddDrawing(1, L"First", true, false, false, false);
+    EXPECT_EQ(d.order(), L"First,CAD1,Topog1,CAD2");
+    EXPECT_EQ(d.sets->GetActiveDrawing(0), cad1) << "a new set does not take over";
+
+    EXPECT_EQ(d.sets->FindDrawing(0, L"cad2"), cad2);
+    EXPECT_EQ(d.sets->FindDrawing(1, L"CAD2"), nullptr) << "names are per type";
+    EXPECT_EQ(d.sets->FindDrawing(7, L"CAD1"), nullptr);
+    EXPECT_EQ(d.sets->AddDrawing(3, L"X", true, false, false, true), nullptr);
+
+    // Order: the listed sets first, the rest after in their old order.
+    d.sets->ChangeOrder({cad2, first});
+    EXPECT_EQ(d.order(), L"CAD2,First,CAD1,Topog1");
+
+    EXPECT_TRUE(d.sets->SetActiveDrawing(cad2));
+    EXPECT_EQ(d.sets->GetActiveDrawings(), (veld::CDrawingList{cad2, d.sets->GetActiveDrawing(1)}));
+    // Removing the active set hands activity to the first remaining of its type.
+    cad2->AddReference();
+    EXPECT_TRUE(d.sets->RemoveDrawing(cad2));
+    EXPECT_FALSE(d.sets->RemoveDrawing(cad2));
+    EXPECT_EQ(d.sets->GetActiveDrawing(0), cad1);
+    EXPECT_FALSE(d.sets->SetActiveDrawing(cad2)) << "not in the drawing";
+    EXPECT_TRUE(d.sets->AddDrawing(cad2));
+    EXPECT_FALSE(d.sets->AddDrawing(cad2));
+    cad2->SubReference();
+    EXPECT_EQ(d.order(), L"First,CAD1,Topog1,CAD2");
+}
+
+TEST(EntitySets, NewSuitableNameSkipsTakenNamesIgnoringCase) {
+    Drawing d;
+    const struct {
+        unsigned type;
+        std::vector<ulo::WString> names;
+        const wchar_t* expected;
+    } cases[] = {
+        {0, {}, L"CAD1"},
+        {0, {L"cad1", L"CAD3"}, L"CAD2"},
+        {1, {L"Topog1", L"Topog2"}, L"Topog3"},
+        {2, {}, L"Points1"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(d.sets->GetNewSuitableName(c.type, c.names), c.expected) << c.type;
+}
+
+TEST(EntitySets, MementoOfASetRestoresNameAndFlags) {
+    Drawing d;
+    veld::CDrawing* set = d.sets->GetActiveDrawing(0);
+    ulo::IMemento* m = set->CreateMemento();
+    set->SetName(L"Renamed");
+    set->SetVisible(false);
+    set->SetLocked(true);
+    set->SetUseColor(true);
+    set->SetColor(42);
+    EXPECT_TRUE(set->HasChanged(m));
+    set->SetMemento(m);
+    m->SubReference();
+    EXPECT_EQ(set->GetName(), L"CAD1");
+    EXPECT_TRUE(set->IsVisible());
+    EXPECT_FALSE(set->IsLocked() || set->UseColor());
+    EXPECT_EQ(set->GetColor(), 1u);
+}
+
+TEST(EntitySets, IteratorSkipsSetsThatAreOffOrGone) {
+    Drawing d;
+    veld::CDrawing* cad = d.sets->GetActiveDrawing(0);
+    veld::CDrawing* topo = d.sets->GetActiveDrawing(1);
+    d.line(cad);
+    d.line(topo);
+    const auto count = [&](bool withHidden) {
+        veld::CData::CHandleObjectIterator it(&d.data, withHidden);
+        unsigned n = 0;
+        while (it.GetNext())
+            ++n;
+        return n;
+    };
+    EXPECT_EQ(count(false), 2u);
+    topo->SetVisible(false);
+    EXPECT_EQ(count(false), 1u);
+    EXPECT_EQ(count(true), 2u);
+    d.sets->RemoveDrawing(cad);
+    EXPECT_EQ(count(true), 1u);
+}
