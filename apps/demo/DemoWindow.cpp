@@ -2,6 +2,12 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLibrary>
 #include <QLocalSocket>
@@ -13,44 +19,63 @@
 #include <QtEndian>
 #include <memory>
 
+#include "DemoOperations.h"
+#include "app/DrawingFile.h"
+#include "app/SampleDrawing.h"
+#include "app/VELDView.h"
 #include "ulo/HelpTopic.h"
 #include "ulo/PalmDevice.h"
+#include "veld/EntCollection.h"
 #include "veld/FileReaderPasswordRequest.h"
 
 namespace {
-// The factory operations in the order of the interface, with whether this
-// build has their dialog.
-struct Operation {
-    const char* name;
-    bool built;
-};
-constexpr Operation kOperations[] = {
-    {"ShowDlgInsText", false},       {"ShowDlgOSnap", false},     {"ShowDlSnapInsertPnt", false},
-    {"ShowDlgGridProp", false},      {"ShowDlgOptColors", false}, {"ShowDlgLayer", false},
-    {"ShowDlgLtype", false},         {"ShowDlgTextStyle", false}, {"ShowDlgColor", false},
-    {"ShowDlgOptCursor", false},     {"ShowDlgAngle", false},     {"ShowDlgHatch", false},
-    {"ShowDlgDrawings", false},      {"ShowDlgProperty", false},  {"ShowDlgCalibraLineare", false},
-    {"GetDlgPasswordRequest", true}, {"ShowDlgGetDouble", true},  {"ShowDlgGetString", true},
-    {"ShowDlgRotate", true},
-};
-}  // namespace
+const QString kFilter = QStringLiteral("Drawings (*.veld *.json);;All files (*)");
+}
 
-DemoWindow::DemoWindow(const QString& libraryPath) {
-    setWindowTitle(QStringLiteral("veld demo host"));
+DemoWindow::DemoWindow(const QString& libraryPath, const QString& drawing) {
+    view_ = new CVELDView(&cad_, this);
+    view_->setMinimumSize(160, 120);
+    setCentralWidget(view_);
+
     log_ = new QPlainTextEdit(this);
     log_->setReadOnly(true);
-    setCentralWidget(log_);
+    log_->setMaximumBlockCount(500);
+    auto* dock = new QDockWidget(QStringLiteral("Log"), this);
+    dock->setObjectName(QStringLiteral("log"));
+    dock->setWidget(log_);
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+    dock->hide();
+
     moduleState_ = new QLabel(QStringLiteral("module: not loaded"), this);
+    pointer_ = new QLabel(this);
+    selection_ = new QLabel(this);
     helpTopic_ = new QLabel(this);
     statusBar()->addWidget(moduleState_);
+    statusBar()->addWidget(selection_);
+    statusBar()->addWidget(pointer_);
     statusBar()->addPermanentWidget(helpTopic_);
     ulo::SetHelpTopicListener([this](const ulo::WString& topic) {
-        helpTopic_->setText(QStringLiteral("help: ") + topic.ToQString());
+        helpTopic_->setText(topic.IsEmpty() ? QString() : QStringLiteral("help: ") + topic.ToQString());
     });
+    connect(view_, &CVELDView::PointerMoved, this, [this](double e, double n) {
+        pointer_->setText(QStringLiteral("E %1  N %2").arg(e, 0, 'f', 2).arg(n, 0, 'f', 2));
+        tapped_ = {e, n, 0.0};
+    });
+    listener_ = cad_.AddChangeListener([this](CVELD::Change why) { OnChange(why); });
+
     StartLauncherListener();
-    if (LoadLibrary(libraryPath))
-        BuildMenus();
+    const bool loaded = LoadLibrary(libraryPath);
+    BuildMenus();
+    if (!loaded)
+        Log(QStringLiteral("the dialog library is missing: its operations are disabled"));
     resize(480, 640);
+    if (drawing.isEmpty() || !OpenFile(drawing))
+        NewDrawing(true);
+}
+
+DemoWindow::~DemoWindow() {
+    ulo::SetHelpTopicListener({});
+    cad_.RemoveChangeListener(listener_);
 }
 
 void DemoWindow::StartLauncherListener() {
@@ -77,7 +102,7 @@ void DemoWindow::StartLauncherListener() {
 bool DemoWindow::LoadLibrary(const QString& path) {
     auto* library = new QLibrary(path, this);
     if (!library->load()) {
-        QMessageBox::critical(this, windowTitle(),
+        QMessageBox::critical(this, QStringLiteral("veld demo"),
                               QStringLiteral("The dialog library could not be loaded:\n%1")
                                   .arg(library->errorString()));
         return false;
@@ -85,7 +110,7 @@ bool DemoWindow::LoadLibrary(const QString& path) {
     auto create = reinterpret_cast<CreateFactoryFn>(library->resolve("CreateFactory"));
     factory_ = create ? create() : nullptr;
     if (!factory_) {
-        QMessageBox::critical(this, windowTitle(),
+        QMessageBox::critical(this, QStringLiteral("veld demo"),
                               QStringLiteral("%1 has no CreateFactory.").arg(path));
         return false;
     }
@@ -97,46 +122,189 @@ bool DemoWindow::LoadLibrary(const QString& path) {
 
 void DemoWindow::Log(const QString& line) {
     log_->appendPlainText(line);
+    statusBar()->showMessage(line, 4000);
+}
+
+void DemoWindow::OnChange(CVELD::Change why) {
+    if (!loading_ && (why == CVELD::Change::UndoList || why == CVELD::Change::Entity ||
+                      why == CVELD::Change::Source)) {
+        modified_ = true;
+        UpdateTitle();
+    }
+    UpdateActions();
+}
+
+void DemoWindow::UpdateTitle() {
+    const QString name = path_.isEmpty() ? QStringLiteral("sample drawing") : QFileInfo(path_).fileName();
+    setWindowTitle(QStringLiteral("%1%2 - veld demo").arg(modified_ ? QStringLiteral("*") : QString(), name));
+}
+
+void DemoWindow::UpdateActions() {
+    if (undo_)
+        undo_->setEnabled(cad_.CanUndo());
+    if (redo_)
+        redo_->setEnabled(cad_.CanRedo());
+    selection_->setText(
+        QStringLiteral("%1 selected").arg(GetSelectedEntCollection(&cad_).GetNoEnts()));
+}
+
+bool DemoWindow::MaybeSave() {
+    if (!modified_)
+        return true;
+    const auto answer = QMessageBox::question(
+        this, QStringLiteral("veld demo"),
+        QStringLiteral("The drawing has changes that are not saved. Save them?"),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Save)
+        return Save();
+    return answer == QMessageBox::Discard;
+}
+
+void DemoWindow::NewDrawing(bool sample) {
+    loading_ = true;
+    if (sample)
+        BuildSampleDrawing(cad_);
+    else
+        cad_.SetData(std::make_unique<veld::CData>());
+    loading_ = false;
+    path_.clear();
+    password_.clear();
+    modified_ = false;
+    view_->ZoomExtents();
+    UpdateTitle();
+    UpdateActions();
+}
+
+bool DemoWindow::OpenFile(const QString& path) {
+    std::unique_ptr<veld::IFileReaderPasswordRequest> request(
+        factory_ ? factory_->GetDlgPasswordRequest(this) : nullptr);
+    QString error;
+    loading_ = true;
+    const bool ok = drawingfile::Load(cad_, path, request.get(), error);
+    loading_ = false;
+    if (!ok) {
+        QMessageBox::warning(this, QStringLiteral("veld demo"), error);
+        return false;
+    }
+    path_ = path;
+    password_.clear();
+    modified_ = false;
+    view_->ZoomExtents();
+    UpdateTitle();
+    UpdateActions();
+    Log(QStringLiteral("opened %1").arg(path));
+    return true;
+}
+
+bool DemoWindow::SaveFile(const QString& path, const QString& password) {
+    QString error;
+    if (!drawingfile::Save(cad_, path, password, error)) {
+        QMessageBox::warning(this, QStringLiteral("veld demo"), error);
+        return false;
+    }
+    path_ = path;
+    password_ = password;
+    modified_ = false;
+    UpdateTitle();
+    Log(QStringLiteral("saved %1%2").arg(path, password.isEmpty() ? QString() : QStringLiteral(" (sealed)")));
+    return true;
+}
+
+void DemoWindow::Open() {
+    if (!MaybeSave())
+        return;
+    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Open drawing"), QString(), kFilter);
+    if (!path.isEmpty())
+        OpenFile(path);
+}
+
+bool DemoWindow::Save() {
+    return path_.isEmpty() ? SaveAs(false) : SaveFile(path_, password_);
+}
+
+bool DemoWindow::SaveAs(bool withPassword) {
+    QString password;
+    if (withPassword) {
+        bool ok = false;
+        password = QInputDialog::getText(this, QStringLiteral("Save with password"),
+                                         QStringLiteral("Password:"), QLineEdit::Password, QString(), &ok);
+        if (!ok || password.isEmpty())
+            return false;
+    }
+    QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save drawing"), path_, kFilter);
+    if (path.isEmpty())
+        return false;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += QStringLiteral(".veld");
+    return SaveFile(path, password);
+}
+
+void DemoWindow::closeEvent(QCloseEvent* event) {
+    if (MaybeSave())
+        event->accept();
+    else
+        event->ignore();
 }
 
 void DemoWindow::BuildMenus() {
-    QMenu* dialogs = menuBar()->addMenu(QStringLiteral("&Dialogs"));
-    QToolBar* bar = addToolBar(QStringLiteral("Dialogs"));
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    file->addAction(QStringLiteral("&New"), QKeySequence::New, this, [this] {
+        if (MaybeSave())
+            NewDrawing(false);
+    });
+    file->addAction(QStringLiteral("New from &sample"), this, [this] {
+        if (MaybeSave())
+            NewDrawing(true);
+    });
+    file->addAction(QStringLiteral("&Open..."), QKeySequence::Open, this, [this] { Open(); });
+    file->addAction(QStringLiteral("&Save"), QKeySequence::Save, this, [this] { Save(); });
+    file->addAction(QStringLiteral("Save &as..."), QKeySequence::SaveAs, this, [this] { SaveAs(false); });
+    file->addAction(QStringLiteral("Save with &password..."), this, [this] { SaveAs(true); });
+    file->addSeparator();
+    file->addAction(QStringLiteral("&Quit"), QKeySequence::Quit, this, [this] { close(); });
+
+    QToolBar* bar = addToolBar(QStringLiteral("Tools"));
+    bar->setObjectName(QStringLiteral("tools"));
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    for (const Operation& op : kOperations) {
-        QAction* a = dialogs->addAction(QString::fromLatin1(op.name));
-        a->setEnabled(op.built);
-        if (!op.built)
-            a->setToolTip(QStringLiteral("not yet built"));
-        const QString name = QString::fromLatin1(op.name);
-        connect(a, &QAction::triggered, this, [this, name] {
-            if (name == QLatin1String("ShowDlgGetDouble")) {
-                double v = 12.5;
-                const long r = factory_->ShowDlgGetDouble(this, L"Height", v, false, false, true);
-                Log(QStringLiteral("ShowDlgGetDouble -> %1, value %2").arg(r).arg(v));
-            } else if (name == QLatin1String("ShowDlgRotate")) {
-                double angle = 0;
-                const long r = factory_->ShowDlgRotate(this, angle);
-                Log(QStringLiteral("ShowDlgRotate -> %1, angle %2").arg(r).arg(angle));
-            } else if (name == QLatin1String("ShowDlgGetString")) {
-                ulo::WString text(L"Survey point");
-                const bool ok = factory_->ShowDlgGetString(this, L"Name", L"Insert value:", text);
-                Log(QStringLiteral("ShowDlgGetString -> %1, \"%2\"").arg(ok).arg(text.ToQString()));
-            } else if (name == QLatin1String("GetDlgPasswordRequest")) {
-                std::unique_ptr<veld::IFileReaderPasswordRequest> req(
-                    factory_->GetDlgPasswordRequest(this));
-                ulo::WString password;
-                const bool ok = req && req->RequestPassword(password, L"demo.veld");
-                Log(QStringLiteral("RequestPassword -> %1 (%2 characters)")
-                        .arg(ok)
-                        .arg(password.Length()));
-            }
+    bar->setStyleSheet(QStringLiteral("QToolButton { min-height: 28px; padding: 2px 6px; }"));
+
+    QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
+    undo_ = edit->addAction(QStringLiteral("&Undo"), QKeySequence::Undo, this, [this] {
+        if (cad_.Undo())
+            Log(QStringLiteral("undone"));
+    });
+    redo_ = edit->addAction(QStringLiteral("&Redo"), QKeySequence::Redo, this, [this] {
+        if (cad_.Redo())
+            Log(QStringLiteral("redone"));
+    });
+    edit->addAction(QStringLiteral("&Deselect all"), this, [this] { NtfyDeselectAll(&cad_); });
+    bar->addAction(undo_);
+    bar->addAction(redo_);
+
+    QMenu* dialogs = menuBar()->addMenu(QStringLiteral("&Dialogs"));
+    for (const DemoOperation& op : DemoOperations()) {
+        QAction* a = dialogs->addAction(QString::fromLatin1(op.label));
+        a->setObjectName(QString::fromLatin1(op.name));
+        const bool usable = op.built && factory_;
+        a->setEnabled(usable);
+        a->setToolTip(op.built ? QString::fromLatin1(op.name) : QStringLiteral("not yet built"));
+        connect(a, &QAction::triggered, this, [this, &op] {
+            DemoContext context{factory_, &cad_, view_, this, tapped_};
+            const QString result = op.run(context);
+            Log(QStringLiteral("%1: %2").arg(QString::fromLatin1(op.name), result));
+            view_->update();
         });
-        if (op.built)
+        if (usable)
             bar->addAction(a);
     }
+    dialogs->setToolTipsVisible(true);
 
     QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
+    view->addAction(QStringLiteral("Zoom &extents"), this, [this] { view_->ZoomExtents(); });
+    view->addAction(QStringLiteral("Zoom &in"), QKeySequence::ZoomIn, this,
+                    [this] { view_->ZoomAt(QPointF(view_->width() / 2.0, view_->height() / 2.0), 1.5); });
+    view->addAction(QStringLiteral("Zoom &out"), QKeySequence::ZoomOut, this,
+                    [this] { view_->ZoomAt(QPointF(view_->width() / 2.0, view_->height() / 2.0), 1 / 1.5); });
     QMenu* screen = view->addMenu(QStringLiteral("Device screen"));
     auto* group = new QActionGroup(this);
     const char* names[] = {"Portrait", "Tall portrait", "Landscape", "Wide landscape"};
@@ -151,4 +319,6 @@ void DemoWindow::BuildMenus() {
             Log(QStringLiteral("dialogs now open in layout %1").arg(i));
         });
     }
+    view->addAction(findChild<QDockWidget*>(QStringLiteral("log"))->toggleViewAction());
+    UpdateActions();
 }

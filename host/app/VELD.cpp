@@ -40,7 +40,8 @@ CVELD::~CVELD() {
     // Commands and the selection refer to items and entities: they go first.
     undo_.Clear();
     selection_->RemoveAllEnts();
-    for (CVELDView* view : views_)
+    const auto views = views_;  // each view detaches itself
+    for (CVELDView* view : views)
         view->ForgetVELD();
     holdCurrent<veld::CLayer>(settings_.curLayer, nullptr);
     holdCurrent<veld::CLtype>(settings_.curLtype, nullptr);

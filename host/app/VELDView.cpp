@@ -1,15 +1,151 @@
 #include "VELDView.h"
 
+#include <QGestureEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPinchGesture>
+#include <cmath>
+
 #include "VELD.h"
 
+namespace {
+constexpr double kDragStart = 6.0;  // pixels a press moves before it pans
+}
+
 CVELDView::CVELDView(CVELD* cad, QWidget* parent) : QWidget(parent), cad_(cad) {
-    if (cad_)
-        cad_->AttachView(this);
+    setMouseTracking(true);
+    setAttribute(Qt::WA_AcceptTouchEvents);
+    grabGesture(Qt::PinchGesture);
+    view_.size = size();
+    if (!cad_)
+        return;
+    cad_->AttachView(this);
+    listener_ = cad_->AddChangeListener([this](CVELD::Change) { update(); });
 }
 
 CVELDView::~CVELDView() {
-    if (cad_)
-        cad_->DetachView(this);
+    ForgetVELD();
+}
+
+void CVELDView::ForgetVELD() {
+    if (!cad_)
+        return;
+    cad_->RemoveChangeListener(listener_);
+    cad_->DetachView(this);
+    cad_ = nullptr;
+}
+
+void CVELDView::ZoomExtents() {
+    view_.size = size();
+    if (!cad_)
+        return;
+    shownData_ = cad_->GetData();
+    moved_ = false;
+    const QRectF box = drawingrender::Extents(*cad_);
+    if (box.width() <= 0 && box.height() <= 0) {
+        view_.centre = box.center();  // nothing, or one point
+        view_.zoom = 4.0;
+    } else {
+        view_.centre = box.center();
+        const double w = std::max(box.width(), 1e-6), h = std::max(box.height(), 1e-6);
+        view_.zoom = std::max(1e-6, 0.92 * std::min(width() / w, height() / h));
+    }
+    update();
+}
+
+void CVELDView::ZoomAt(const QPointF& screen, double factor) {
+    const QPointF before = view_.ToMap(screen);
+    view_.zoom = std::clamp(view_.zoom * factor, 1e-6, 1e6);
+    const QPointF after = view_.ToMap(screen);
+    view_.centre += before - after;
+    moved_ = true;
+    update();
+}
+
+veld::CEnt* CVELDView::EntityAt(const QPointF& screen) const {
+    if (!cad_)
+        return nullptr;
+    const double tolerance = std::max<double>(4.0, static_cast<double>(GetDeltaPick(cad_)) * 2);
+    return drawingrender::Pick(*cad_, view_, screen, tolerance);
+}
+
+void CVELDView::paintEvent(QPaintEvent*) {
+    if (!cad_)
+        return;
+    if (shownData_ != cad_->GetData())
+        ZoomExtents();
+    view_.size = size();
+    QPainter painter(this);
+    drawingrender::Paint(painter, *cad_, grid_, view_);
+}
+
+void CVELDView::resizeEvent(QResizeEvent*) {
+    view_.size = size();
+    if (!moved_)
+        ZoomExtents();  // keep the whole drawing in sight until the user moves
+}
+
+void CVELDView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    pressed_ = true;
+    panning_ = false;
+    pressAt_ = event->position();
+}
+
+void CVELDView::mouseMoveEvent(QMouseEvent* event) {
+    const QPointF at = event->position();
+    const QPointF map = view_.ToMap(at);
+    Q_EMIT PointerMoved(map.x(), map.y());
+    if (!pressed_)
+        return;
+    if (!panning_ && QLineF(pressAt_, at).length() < kDragStart)
+        return;
+    panning_ = true;
+    moved_ = true;
+    view_.centre -= QPointF((at.x() - pressAt_.x()) / view_.zoom, -(at.y() - pressAt_.y()) / view_.zoom);
+    pressAt_ = at;
+    update();
+}
+
+void CVELDView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !pressed_)
+        return;
+    pressed_ = false;
+    if (!panning_)
+        Tap(event->position());
+    panning_ = false;
+}
+
+void CVELDView::wheelEvent(QWheelEvent* event) {
+    const double steps = event->angleDelta().y() / 120.0;
+    if (steps != 0)
+        ZoomAt(event->position(), std::pow(1.25, steps));
+}
+
+bool CVELDView::event(QEvent* event) {
+    if (event->type() == QEvent::Gesture) {
+        auto* g = static_cast<QGestureEvent*>(event);
+        if (auto* pinch = static_cast<QPinchGesture*>(g->gesture(Qt::PinchGesture))) {
+            ZoomAt(mapFromGlobal(pinch->centerPoint().toPoint()), pinch->scaleFactor());
+            pressed_ = false;  // the fingers zoom; their touch is not a tap
+            return true;
+        }
+    }
+    return QWidget::event(event);
+}
+
+void CVELDView::Tap(const QPointF& screen) {
+    if (!cad_)
+        return;
+    if (veld::CEnt* e = EntityAt(screen)) {
+        if (GetSelectedEntCollection(cad_).Contains(e))
+            NtfyDeselectedEnt(cad_, e);
+        else
+            NtfySelectedEnt(cad_, e);
+    } else {
+        NtfyDeselectAll(cad_);
+    }
 }
 
 const CGrid& GetViewGrid(const CVELDView* view) {

@@ -1,0 +1,143 @@
+#include "DemoOperations.h"
+
+#include <memory>
+
+#include "app/InsertEntsCmdExecuted.h"
+#include "app/VELD.h"
+#include "factory/IVELDDlgFactory.h"
+#include "veld/EntCollection.h"
+#include "veld/FileReaderPasswordRequest.h"
+#include "veld/HatchType.h"
+
+namespace {
+
+QString yesNo(bool b) {
+    return b ? QStringLiteral("OK") : QStringLiteral("cancelled");
+}
+
+QString point(const ulo::geom::PNT_3D& p) {
+    return QStringLiteral("(%1, %2, %3)").arg(p.x, 0, 'f', 3).arg(p.y, 0, 'f', 3).arg(p.z, 0, 'f', 3);
+}
+
+}  // namespace
+
+const std::vector<DemoOperation>& DemoOperations() {
+    static const std::vector<DemoOperation> ops = {
+        {"ShowDlgInsText", "Insert text...", false,
+         [](DemoContext& c) {
+             veld::CEntCollection ents;
+             c.factory->ShowDlgInsText(c.parent, *c.cad, c.point, ents);
+             if (ents.GetNoEnts() > 0)
+                 c.cad->AddChange(new CInsertEntsCmdExecuted(c.cad, ents));
+             return QStringLiteral("%1 text(s) inserted at %2").arg(ents.GetNoEnts()).arg(point(c.point));
+         }},
+        {"ShowDlgOSnap", "Object snap...", false,
+         [](DemoContext& c) {
+             c.factory->ShowDlgOSnap(c.parent, *c.cad);
+             return QStringLiteral("object snap %1, modes 0x%2")
+                 .arg(QLatin1String(c.cad->IsOSnapperOn() ? "on" : "off"))
+                 .arg(c.cad->GetOSnapperMask(), 0, 16);
+         }},
+        {"ShowDlSnapInsertPnt", "Enter a point...", false,
+         [](DemoContext& c) {
+             const bool ok = c.factory->ShowDlSnapInsertPnt(c.parent, *c.cad, c.point);
+             return QStringLiteral("point %1: %2").arg(yesNo(ok), point(c.point));
+         }},
+        {"ShowDlgGridProp", "Grid and snap...", false,
+         [](DemoContext& c) { return yesNo(c.factory->ShowDlgGridProp(c.view)); }},
+        {"ShowDlgOptColors", "Window colours...", false,
+         [](DemoContext& c) {
+             c.factory->ShowDlgOptColors(c.parent, *c.cad);
+             redrawAllViews(*c.cad);
+             return QStringLiteral("window colours done");
+         }},
+        {"ShowDlgLayer", "Layers...", false,
+         [](DemoContext& c) {
+             c.factory->ShowDlgLayer(c.parent, *c.cad);
+             return QStringLiteral("current layer %1").arg(GetCurLayer(c.cad)->GetName().ToQString());
+         }},
+        {"ShowDlgLtype", "Line types...", false,
+         [](DemoContext& c) {
+             c.factory->ShowDlgLtype(c.parent, *c.cad);
+             return QStringLiteral("current line type %1, scale %2")
+                 .arg(GetCurLtype(c.cad)->GetName().ToQString())
+                 .arg(GetLtypeScale(c.cad));
+         }},
+        {"ShowDlgTextStyle", "Text styles...", false,
+         [](DemoContext& c) {
+             c.factory->ShowDlgTextStyle(c.parent, *c.cad);
+             return QStringLiteral("current style %1").arg(GetCurStyle(c.cad)->GetName().ToQString());
+         }},
+        {"ShowDlgColor", "Colour...", false,
+         [](DemoContext& c) {
+             short chosen = 1;
+             const bool ok = c.factory->ShowDlgColor(c.parent, c.cad, 1, 256, 0, true, chosen);
+             return QStringLiteral("colour %1: %2").arg(yesNo(ok)).arg(chosen);
+         }},
+        {"ShowDlgOptCursor", "Cursor...", false,
+         [](DemoContext& c) {
+             c.factory->ShowDlgOptCursor(c.parent, *c.cad);
+             return QStringLiteral("cursor size %1, pick size %2")
+                 .arg(GetCrossDim(c.cad))
+                 .arg(GetDeltaPick(c.cad));
+         }},
+        {"ShowDlgAngle", "Angle system...", false,
+         [](DemoContext& c) {
+             const bool ok = c.factory->ShowDlgAngle(c.parent, *c.cad);
+             short system;
+             double base;
+             bool clockwise;
+             GetAngleSystem(c.cad, system, base, clockwise);
+             return QStringLiteral("angles %1: system %2").arg(yesNo(ok)).arg(system);
+         }},
+        {"ShowDlgHatch", "Hatch pattern...", false,
+         [](DemoContext& c) {
+             const veld::CHatchType* hatch = nullptr;
+             const bool ok = c.factory->ShowDlgHatch(c.parent, &hatch);
+             return QStringLiteral("hatch %1: %2")
+                 .arg(yesNo(ok), hatch ? hatch->GetName().ToQString() : QStringLiteral("none"));
+         }},
+        {"ShowDlgDrawings", "Entity sets...", false,
+         [](DemoContext& c) { return yesNo(c.factory->ShowDlgDrawings(c.parent, *c.cad)); }},
+        {"ShowDlgProperty", "Entity properties...", false,
+         [](DemoContext& c) {
+             if (GetSelectedEntCollection(c.cad).GetNoEnts() == 0)
+                 return QStringLiteral("select entities first (tap them in the view)");
+             return yesNo(c.factory->ShowDlgProperty(c.parent, *c.cad, true));
+         }},
+        {"ShowDlgCalibraLineare", "Image calibration...", false,
+         [](DemoContext& c) {
+             CVELDImage* image = c.cad->GetImage(0);
+             if (!image)
+                 return QStringLiteral("the drawing has no image");
+             return yesNo(c.factory->ShowDlgCalibraLineare(c.parent, *c.cad, image));
+         }},
+        {"GetDlgPasswordRequest", "Password request...", true,
+         [](DemoContext& c) {
+             std::unique_ptr<veld::IFileReaderPasswordRequest> req(
+                 c.factory->GetDlgPasswordRequest(c.parent));
+             ulo::WString password;
+             const bool ok = req && req->RequestPassword(password, L"demo.veld");
+             return QStringLiteral("password %1 (%2 characters)").arg(yesNo(ok)).arg(password.Length());
+         }},
+        {"ShowDlgGetDouble", "Enter a value...", true,
+         [](DemoContext& c) {
+             double v = 12.5;
+             const long r = c.factory->ShowDlgGetDouble(c.parent, L"Height", v, false, false, true);
+             return QStringLiteral("value: result %1, %2").arg(r).arg(v);
+         }},
+        {"ShowDlgGetString", "Enter a text...", true,
+         [](DemoContext& c) {
+             ulo::WString text(L"Survey point");
+             const bool ok = c.factory->ShowDlgGetString(c.parent, L"Name", L"Insert value:", text);
+             return QStringLiteral("text %1: \"%2\"").arg(yesNo(ok), text.ToQString());
+         }},
+        {"ShowDlgRotate", "Rotation...", true,
+         [](DemoContext& c) {
+             double angle = 0;
+             const long r = c.factory->ShowDlgRotate(c.parent, angle);
+             return QStringLiteral("rotation: result %1, angle %2").arg(r).arg(angle);
+         }},
+    };
+    return ops;
+}

@@ -1,0 +1,32 @@
+#pragma once
+// The factory operations as the demo host offers them: each entry says
+// whether its dialog is built yet and runs the operation on the host's data,
+// returning a line for the log. Adding a dialog to the demo is setting its
+// flag here.
+#include <QString>
+#include <functional>
+#include <vector>
+
+#include "ulo/Geom.h"
+
+class CVELD;
+class CVELDView;
+class IVELDDlgFactory;
+class QWidget;
+
+struct DemoContext {
+    IVELDDlgFactory* factory;
+    CVELD* cad;
+    CVELDView* view;
+    QWidget* parent;
+    ulo::geom::PNT_3D point;  ///< the last point tapped in the view
+};
+
+struct DemoOperation {
+    const char* name;   ///< the factory's operation name
+    const char* label;  ///< menu text
+    bool built;
+    std::function<QString(DemoContext&)> run;
+};
+
+const std::vector<DemoOperation>& DemoOperations();

@@ -1,0 +1,156 @@
+// The demo host as a person uses it: the sample drawing drawn, a tap selects,
+// undo and redo from the menu, files saved and opened, and a missing library
+// reported without a crash.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QMenuBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "DemoWindow.h"
+#include "app/DrawingFile.h"
+#include "app/InsertEntsCmdExecuted.h"
+#include "app/VELDView.h"
+#include "veld/EntCollection.h"
+
+namespace {
+
+QAction* action(DemoWindow& w, const QString& text) {
+    for (QAction* a : w.findChildren<QAction*>())
+        if (a->text().remove(QLatin1Char('&')) == text || a->objectName() == text)
+            return a;
+    return nullptr;
+}
+
+/// Screen position of the first point entity on @p layer.
+QPoint pointOn(DemoWindow& w, const wchar_t* layer, veld::CEnt** found) {
+    veld::CEntTable& ents = w.GetCAD().GetData()->GetEntTable();
+    for (unsigned i = 0; i < ents.GetNoEnts(); ++i) {
+        veld::CEnt* e = ents.GetEnt(i);
+        if (e->GetKind() == veld::EntKind::Point && e->GetLayer()->GetName() == layer) {
+            *found = e;
+            const auto& p = e->GetPoints().front();
+            return w.GetView()->GetTransform().ToScreen(p.x, p.y).toPoint();
+        }
+    }
+    *found = nullptr;
+    return {};
+}
+
+struct DemoFixture : ::testing::Test {
+    DemoWindow window{QStringLiteral(VELD5_LIBRARY_PATH), QString()};
+    void SetUp() override {
+        window.resize(480, 640);
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        QApplication::processEvents();
+    }
+};
+
+}  // namespace
+
+TEST_F(DemoFixture, StartsOnTheSampleWithBuiltOperationsEnabled) {
+    EXPECT_GE(window.GetCAD().GetData()->GetEntTable().GetNoEnts(), 100u);
+    EXPECT_FALSE(window.IsModified());
+    const struct {
+        const char* name;
+        bool enabled;
+    } ops[] = {{"ShowDlgGetDouble", true}, {"GetDlgPasswordRequest", true},
+               {"ShowDlgLayer", false},    {"ShowDlgProperty", false}};
+    for (const auto& op : ops) {
+        QAction* a = action(window, QString::fromLatin1(op.name));
+        ASSERT_NE(a, nullptr) << op.name;
+        EXPECT_EQ(a->isEnabled(), op.enabled) << op.name;
+        if (!op.enabled) {
+            EXPECT_EQ(a->toolTip(), QStringLiteral("not yet built"));
+        }
+    }
+}
+
+TEST_F(DemoFixture, TapSelectsAndDeselectsAndTheViewShowsIt) {
+    veld::CEnt* tree = nullptr;
+    const QPoint at = pointOn(window, L"TREES", &tree);
+    ASSERT_NE(tree, nullptr);
+    const QImage before = window.GetView()->grab().toImage();
+    QTest::mouseClick(window.GetView(), Qt::LeftButton, {}, at);
+    const veld::CEntCollection& sel = GetSelectedEntCollection(&window.GetCAD());
+    ASSERT_EQ(sel.GetNoEnts(), 1u);
+    EXPECT_EQ(sel.GetEnt(0)->GetLayer()->GetName(), L"TREES");
+    QApplication::processEvents();
+    EXPECT_NE(window.GetView()->grab().toImage(), before) << "the selection is drawn";
+
+    QTest::mouseClick(window.GetView(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(sel.GetNoEnts(), 0u) << "a second tap deselects";
+    QTest::mouseClick(window.GetView(), Qt::LeftButton, {}, at);
+    QTest::mouseClick(window.GetView(), Qt::LeftButton, {}, QPoint(2, 2));
+    EXPECT_EQ(sel.GetNoEnts(), 0u) << "a tap on nothing clears the selection";
+
+    // A drag pans instead of selecting.
+    const QPointF centre = window.GetView()->GetTransform().centre;
+    QTest::mousePress(window.GetView(), Qt::LeftButton, {}, at);
+    QTest::mouseMove(window.GetView(), at + QPoint(40, 0));
+    QTest::mouseRelease(window.GetView(), Qt::LeftButton, {}, at + QPoint(40, 0));
+    EXPECT_EQ(sel.GetNoEnts(), 0u);
+    EXPECT_LT(window.GetView()->GetTransform().centre.x(), centre.x());
+}
+
+TEST_F(DemoFixture, UndoAndRedoFromTheMenuChangeTheDrawing) {
+    CVELD& cad = window.GetCAD();
+    QAction* undo = action(window, QStringLiteral("Undo"));
+    QAction* redo = action(window, QStringLiteral("Redo"));
+    ASSERT_TRUE(undo && redo);
+    EXPECT_FALSE(undo->isEnabled());
+
+    veld::CEntCollection texts;
+    veld::CEntText* text = CreateEntText(&cad, veld::TEXT_3D(L"New", GetCurStyle(&cad), 2, 0, 1, 0, {5, 5, 0}, 0, 0));
+    texts.AddEnt(text);
+    text->SubReference();
+    const unsigned count = cad.GetData()->GetEntTable().GetNoEnts();
+    cad.AddChange(new CInsertEntsCmdExecuted(&cad, texts));
+    EXPECT_EQ(cad.GetData()->GetEntTable().GetNoEnts(), count + 1);
+    EXPECT_TRUE(window.IsModified());
+    EXPECT_TRUE(window.windowTitle().startsWith(QLatin1Char('*')));
+    EXPECT_TRUE(undo->isEnabled());
+
+    undo->trigger();
+    EXPECT_EQ(cad.GetData()->GetEntTable().GetNoEnts(), count);
+    EXPECT_TRUE(redo->isEnabled());
+    redo->trigger();
+    EXPECT_EQ(cad.GetData()->GetEntTable().GetNoEnts(), count + 1);
+    EXPECT_FALSE(redo->isEnabled());
+}
+
+TEST_F(DemoFixture, SavedDrawingsOpenAgainTheSame) {
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("plan.veld"));
+    SetLtypeScale(&window.GetCAD(), 3.0);
+    const QByteArray before = drawingfile::Write(window.GetCAD());
+    ASSERT_TRUE(window.SaveFile(file, QString()));
+    EXPECT_FALSE(window.IsModified());
+    EXPECT_TRUE(window.windowTitle().startsWith(QStringLiteral("plan.veld")));
+    action(window, QStringLiteral("New"))->trigger();
+    EXPECT_NE(drawingfile::Write(window.GetCAD()), before);
+    ASSERT_TRUE(window.OpenFile(file));
+    EXPECT_EQ(drawingfile::Write(window.GetCAD()), before);
+}
+
+TEST(DemoWithoutLibrary, SaysSoAndDisablesTheOperations) {
+    // The message box about the missing library is answered as a user would.
+    bool told = false;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, [&] {
+        if (QWidget* box = QApplication::activeModalWidget()) {
+            told = true;
+            box->close();
+        }
+    });
+    closer.start(20);
+    DemoWindow window(QStringLiteral("/nonexistent/libveld5DlgCE.so"), QString());
+    closer.stop();
+    EXPECT_TRUE(told);
+    EXPECT_FALSE(action(window, QStringLiteral("ShowDlgGetDouble"))->isEnabled());
+    EXPECT_GE(window.GetCAD().GetData()->GetEntTable().GetNoEnts(), 100u) << "the drawing is still there";
+}
