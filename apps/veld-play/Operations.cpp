@@ -1,5 +1,6 @@
 // The factory operations veld-play can call, with their arguments' defaults.
-// Adding one is one entry here.
+// Adding one is one entry here. An operation that works on the drawing takes
+// the CAD instance from c.CAD() and sets c.error when the host has none.
 #include <memory>
 
 #include "Player.h"

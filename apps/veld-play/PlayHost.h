@@ -6,6 +6,8 @@
 
 #include "ScriptParser.h"
 
+class CVELD;
+
 namespace veldplay {
 
 class PlayHost {
@@ -14,6 +16,8 @@ public:
     /// Runs a top-level statement other than call/layout. Returns false when
     /// the verb is unknown; fills @p error or @p event as it goes.
     virtual bool Statement(const std::vector<Word>& words, QString& error, QJsonObject& event) = 0;
+    /// The CAD instance operations work on; null when the host has none.
+    virtual CVELD* GetCAD() { return nullptr; }
 };
 
 }  // namespace veldplay

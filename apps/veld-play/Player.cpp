@@ -28,6 +28,10 @@ QString OperationCall::Text(const QString& name, const QString& fallback) const 
     return args.contains(name) ? args.value(name) : fallback;
 }
 
+CVELD* OperationCall::CAD() const {
+    return host ? host->GetCAD() : nullptr;
+}
+
 Player::Player(IVELDDlgFactory* factory, PlayHost* host, QTextStream& out)
     : factory_(factory), host_(host), out_(out) {}
 

@@ -8,6 +8,7 @@
 
 #include "ScriptParser.h"
 
+class CVELD;
 class IVELDDlgFactory;
 class QWidget;
 
@@ -27,6 +28,9 @@ struct OperationCall {
     double Number(const QString& name, double fallback) const;
     bool Flag(const QString& name, bool fallback) const;
     QString Text(const QString& name, const QString& fallback) const;
+    /// The host's CAD instance, for operations that work on the drawing;
+    /// null when the host has none.
+    CVELD* CAD() const;
 };
 
 /// One factory operation of the player: returns the operation's result.

@@ -2,6 +2,8 @@
 // prints what happened as JSON lines. Always headless.
 #include <QApplication>
 #include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTextStream>
 #include <cstdio>
 #include <iostream>
@@ -82,7 +84,10 @@ int main(int argc, char** argv) {
     veldplay::DrawingHost host(factory);
     QString error;
     if (!host.Open(drawing, sample, password, error)) {
-        out << "{\"event\":\"error\",\"line\":0,\"message\":" << '"' << error << "\"}\n";
+        const QJsonObject event{{QStringLiteral("event"), QStringLiteral("error")},
+                                {QStringLiteral("line"), 0},
+                                {QStringLiteral("message"), error}};
+        out << QString::fromUtf8(QJsonDocument(event).toJson(QJsonDocument::Compact)) << '\n';
         return 1;
     }
     veldplay::Player player(factory, &host, out);

@@ -350,28 +350,23 @@ void checkUnique(veld::ITable<T>& table, const QString& name, const In& where) {
         where.Fail(QStringLiteral("\"%1\" appears twice").arg(name));
 }
 
-veld::CStyle* findStyle(veld::CData& data, const In& in, bool allowEmpty) {
+/// The item of @p table named by the text at @p in.
+template <class T>
+T* findItem(const veld::ITable<T>& table, const In& in, const char* what) {
     const QString name = in.Text();
-    if (name.isEmpty() && allowEmpty)
-        return nullptr;
-    veld::CStyle* s = data.GetStyleTable().Find(w(name));
-    if (!s)
-        in.Fail(QStringLiteral("no text style \"%1\"").arg(name));
-    return s;
+    T* item = table.Find(w(name));
+    if (!item)
+        in.Fail(QStringLiteral("no %1 \"%2\"").arg(QLatin1String(what), name));
+    return item;
+}
+veld::CStyle* findStyle(veld::CData& data, const In& in) {
+    return findItem(data.GetStyleTable(), in, "text style");
 }
 veld::CLtype* findLtype(veld::CData& data, const In& in) {
-    const QString name = in.Text();
-    veld::CLtype* t = data.GetLtypeTable().Find(w(name));
-    if (!t)
-        in.Fail(QStringLiteral("no line type \"%1\"").arg(name));
-    return t;
+    return findItem(data.GetLtypeTable(), in, "line type");
 }
 veld::CLayer* findLayer(veld::CData& data, const In& in) {
-    const QString name = in.Text();
-    veld::CLayer* l = data.GetLayerTable().Find(w(name));
-    if (!l)
-        in.Fail(QStringLiteral("no layer \"%1\"").arg(name));
-    return l;
+    return findItem(data.GetLayerTable(), in, "layer");
 }
 
 unsigned flags(const In& in) {
@@ -426,7 +421,7 @@ void readLtypes(veld::CData& data, const In& list) {
                 continue;
             }
             seq.AddDashText(veld::TEXT_3D(
-                w(e["text"].Text()), findStyle(data, e["style"], false), e["height"].Number(),
+                w(e["text"].Text()), findStyle(data, e["style"]), e["height"].Number(),
                 e["slant"].Number(), e["width"].Number(), e["rotation"].Number(),
                 e["at"].Point(), static_cast<unsigned short>(e["align"].Whole(0, 11)), 0));
         }
@@ -544,7 +539,7 @@ void readEnts(veld::CData& data, const In& list, const std::vector<veld::CDrawin
             const In t = e["text"];
             auto* text = static_cast<veld::CEntText*>(ent.get());
             text->SetText(veld::TEXT_3D(
-                w(t["string"].Text()), findStyle(data, t["style"], false),
+                w(t["string"].Text()), findStyle(data, t["style"]),
                 t["height"].Number(0, 1e100), t["slant"].Number(), t["width"].Number(1e-9, 1e100),
                 t["rotation"].Number(), ent->GetPoints().front(),
                 static_cast<unsigned short>(t["align"].Whole(0, 11)), 0));
@@ -580,7 +575,7 @@ void readCurrent(Parsed& p, const In& c) {
     if (!p.curLayer->CanBeCurrent())
         c["layer"].Fail(QStringLiteral("the layer \"%1\" cannot be current").arg(c["layer"].Text()));
     p.curLtype = findLtype(data, c["ltype"]);
-    p.curStyle = findStyle(data, c["style"], false);
+    p.curStyle = findStyle(data, c["style"]);
 }
 
 void readViews(Parsed& p, const In& list) {

@@ -4,13 +4,19 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include "DrawingHost.h"
 #include "Player.h"
 #include "ScriptParser.h"
+#include "app/ChangeEntitiesCmdExecuted.h"
+#include "app/DrawingFile.h"
+#include "app/VELD.h"
 #include "factory/IVELDDlgFactory.h"
 #include "ulo/PalmDevice.h"
+#include "veld/Ent.h"
+#include "veld/EntCollection.h"
 
 using namespace veldplay;
 
@@ -66,12 +72,10 @@ struct PlayRun {
     }
 };
 
-PlayRun play(const QString& script) {
-    IVELDDlgFactory* factory = CreateFactory();
-    DrawingHost host(factory);
+PlayRun play(DrawingHost& host, const QString& script) {
     QString text;
     QTextStream out(&text);
-    Player player(factory, &host, out);
+    Player player(CreateFactory(), &host, out);
     PlayRun run;
     run.errors = player.Run(script);
     out.flush();
@@ -79,6 +83,11 @@ PlayRun play(const QString& script) {
         run.events.push_back(QJsonDocument::fromJson(line.toUtf8()).object());
     CPalmDevice::SetLayoutOverride(-1);
     return run;
+}
+
+PlayRun play(const QString& script) {
+    DrawingHost host(CreateFactory());
+    return play(host, script);
 }
 }  // namespace
 
@@ -182,4 +191,373 @@ TEST(VeldPlay, ARunGoesOnAfterAnError) {
     EXPECT_EQ(run.errors, 1);
     EXPECT_EQ(run.Count("return"), 2);
     EXPECT_EQ(run.events.back().value(QStringLiteral("text")).toString(), QStringLiteral("kept"));
+}
+
+// --- The drawing -----------------------------------------------------------
+
+namespace {
+
+/// A host with the sample drawing open.
+struct SampleHost {
+    DrawingHost host{CreateFactory()};
+    SampleHost() {
+        QString error;
+        EXPECT_TRUE(host.Open(QString(), true, QString(), error)) << error.toStdString();
+    }
+    CVELD& CAD() { return *host.GetCAD(); }
+};
+
+/// The "drawing" events of a run, without their event field: the dumps.
+std::vector<QJsonObject> dumps(const PlayRun& run) {
+    std::vector<QJsonObject> out;
+    for (QJsonObject e : run.events) {
+        if (e.value(QStringLiteral("event")).toString() != QLatin1String("drawing"))
+            continue;
+        e.remove(QStringLiteral("event"));
+        out.push_back(e);
+    }
+    return out;
+}
+
+/// The value at a slash-separated path of objects ("settings/angleSystem").
+QJsonValue at(const QJsonObject& o, const char* path) {
+    QJsonValue v = o;
+    for (const QString& key : QString::fromLatin1(path).split(QLatin1Char('/')))
+        v = v.toObject().value(key);
+    return v;
+}
+
+QJsonObject dumpOf(const CVELD& cad) {
+    return QJsonDocument::fromJson(drawingfile::Dump(cad)).object();
+}
+
+}  // namespace
+
+TEST(VeldPlayDrawing, HostsTheCADInstanceWithAView) {
+    DrawingHost host(CreateFactory());
+    ASSERT_NE(host.GetCAD(), nullptr);
+    EXPECT_EQ(host.GetCAD()->GetNoViews(), 1);
+    ASSERT_NE(host.GetCAD()->GetView(0), nullptr);
+    EXPECT_FALSE(host.GetCAD()->GetView(0)->isVisible());
+
+    struct {
+        PlayHost* host;
+        CVELD* cad;
+    } const rows[] = {{&host, host.GetCAD()}, {nullptr, nullptr}};
+    for (const auto& r : rows) {
+        OperationCall call;
+        call.host = r.host;
+        EXPECT_EQ(call.CAD(), r.cad);
+    }
+}
+
+TEST(VeldPlayDrawing, StartsEmptyOrWithTheSample) {
+    CVELD empty;
+    DrawingHost plain(CreateFactory());
+    QString error;
+    ASSERT_TRUE(plain.Open(QString(), false, QString(), error));
+    EXPECT_EQ(at(dumpOf(*plain.GetCAD()), "entities"), at(dumpOf(empty), "entities"));
+
+    SampleHost sample;
+    EXPECT_GT(sample.CAD().GetData()->GetEntTable().GetNoEnts(), 0u);
+    const PlayRun run = play(sample.host, QStringLiteral("dump drawing\n"));
+    EXPECT_EQ(run.errors, 0);
+    ASSERT_EQ(dumps(run).size(), 1u);
+    EXPECT_EQ(dumps(run)[0], dumpOf(sample.CAD()));
+    EXPECT_EQ(run.events[0].value(QStringLiteral("event")).toString(), QStringLiteral("drawing"));
+}
+
+TEST(VeldPlayDrawing, StatementsChangeWhatTheDumpShows) {
+    const QJsonArray none;
+    struct {
+        const char* script;
+        const char* path;
+        QJsonValue expected;
+    } const rows[] = {
+        {"select 9 11", "session/selection", QJsonArray{9, 11}},
+        {"select 11\nselect 9 11", "session/selection", QJsonArray{11, 9}},
+        {"select 9 10\ndeselect", "session/selection", none},
+        {"deselect", "session/selection", none},
+        {"angles gons", "settings/angleSystem", 2},
+        {"angles radians", "settings/angleSystem", 3},
+        {"angles radians\nangles degrees", "settings/angleSystem", 0},
+        // The base and the direction stay as they were.
+        {"angles gons", "settings/angleBase", 0.5},
+        {"angles radians", "settings/angleClockwise", true},
+    };
+    for (const auto& r : rows) {
+        SampleHost s;
+        SetAngleSystem(&s.CAD(), 0, 0.5, true);
+        const PlayRun run =
+            play(s.host, QString::fromLatin1(r.script) + QStringLiteral("\ndump drawing\n"));
+        EXPECT_EQ(run.errors, 0) << r.script;
+        ASSERT_EQ(dumps(run).size(), 1u) << r.script;
+        EXPECT_EQ(at(dumps(run)[0], r.path), r.expected) << r.script << " at " << r.path;
+    }
+}
+
+TEST(VeldPlayDrawing, UndoAndRedoGoThroughTheUndoList) {
+    SampleHost s;
+    veld::CEnt* entity = s.CAD().GetData()->GetEntTable().Find(9);
+    ASSERT_NE(entity, nullptr);
+    const short before = entity->GetColor();
+    auto* command = new CChangeEntitiesCmdExecuted(&s.CAD());
+    command->add(entity, entity->CreateMemento());
+    entity->SetColor(3);
+    s.CAD().AddChange(command);
+
+    const PlayRun run = play(s.host, QStringLiteral("dump drawing\n"
+                                                    "undo\n"
+                                                    "dump drawing\n"
+                                                    "redo\n"
+                                                    "dump drawing\n"
+                                                    "undo\n"
+                                                    "dump drawing\n"));
+    EXPECT_EQ(run.errors, 0);
+    const std::vector<QJsonObject> d = dumps(run);
+    ASSERT_EQ(d.size(), 4u);
+    struct {
+        int color, undo, redo;
+    } const expected[] = {{3, 1, 0}, {before, 0, 1}, {3, 1, 0}, {before, 0, 1}};
+    for (std::size_t i = 0; i < d.size(); ++i) {
+        const QJsonObject first = at(d[i], "entities").toArray().at(0).toObject();
+        EXPECT_EQ(first.value(QStringLiteral("handle")).toInt(), 9);
+        EXPECT_EQ(first.value(QStringLiteral("color")).toInt(), expected[i].color) << "dump " << i;
+        EXPECT_EQ(at(d[i], "session/undo").toInt(), expected[i].undo) << "dump " << i;
+        EXPECT_EQ(at(d[i], "session/redo").toInt(), expected[i].redo) << "dump " << i;
+    }
+}
+
+TEST(VeldPlayDrawing, AFailedStatementNamesTheProblemAndChangesNothing) {
+    QTemporaryDir dir;
+    const QString damaged = dir.filePath(QStringLiteral("damaged.json"));
+    {
+        QFile f(damaged);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("{\"format\": ");
+    }
+    const QString missing = dir.filePath(QStringLiteral("missing.json"));
+    const QString noFolder = dir.filePath(QStringLiteral("no/such/folder.json"));
+    struct {
+        QString statement;
+        const char* message;
+    } const rows[] = {
+        {QStringLiteral("select 424242"), "no entity has handle 424242"},
+        {QStringLiteral("select 9 424242"), "no entity has handle 424242"},
+        {QStringLiteral("select nine"), "nine is not a handle"},
+        {QStringLiteral("select \"9\""), "9 is not a handle"},
+        {QStringLiteral("select"), "select needs at least one handle"},
+        {QStringLiteral("deselect all"), "deselect takes no arguments"},
+        {QStringLiteral("undo"), "nothing to undo"},
+        {QStringLiteral("redo"), "nothing to redo"},
+        {QStringLiteral("undo 2"), "undo takes no arguments"},
+        {QStringLiteral("redo 2"), "redo takes no arguments"},
+        {QStringLiteral("dump"), "dump needs one word: drawing"},
+        {QStringLiteral("dump layers"), "dump needs one word: drawing"},
+        {QStringLiteral("dump drawing now"), "dump needs one word: drawing"},
+        {QStringLiteral("angles grads"), "unknown system grads"},
+        {QStringLiteral("angles"), "angles needs one word"},
+        {QStringLiteral("angles gons radians"), "angles needs one word"},
+        {QStringLiteral("open"), "open needs one file"},
+        {QStringLiteral("open \"%1\"").arg(missing), "missing.json cannot be opened"},
+        {QStringLiteral("open \"%1\"").arg(damaged), "damaged.json: not a drawing file"},
+        {QStringLiteral("open \"%1\"").arg(dir.path()), "it is a folder"},
+        {QStringLiteral("save"), "save needs one file"},
+        {QStringLiteral("save a.json b.json"), "save needs one file"},
+        {QStringLiteral("save \"%1\"").arg(noFolder), "folder.json cannot be saved"},
+    };
+    for (const auto& r : rows) {
+        SampleHost s;
+        const PlayRun run = play(s.host, QStringLiteral("select 10\nangles gons\ndump drawing\n") +
+                                             r.statement + QStringLiteral("\ndump drawing\n"));
+        const std::string what = r.statement.toStdString();
+        EXPECT_EQ(run.errors, 1) << what;
+        const QJsonObject error = run.First("error");
+        EXPECT_EQ(error.value(QStringLiteral("line")).toInt(), 4) << what;
+        EXPECT_TRUE(
+            error.value(QStringLiteral("message")).toString().contains(QLatin1String(r.message)))
+            << what << " gave " << error.value(QStringLiteral("message")).toString().toStdString();
+        const std::vector<QJsonObject> d = dumps(run);
+        ASSERT_EQ(d.size(), 2u) << what;
+        EXPECT_EQ(d[0], d[1]) << what;
+        EXPECT_EQ(at(d[1], "session/selection"), QJsonArray{10}) << what;
+    }
+    EXPECT_FALSE(QFile::exists(noFolder));
+}
+
+TEST(VeldPlayDrawing, SaveThenOpenGivesTheSameDrawing) {
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("plan with blanks.json"));
+    SampleHost s;
+    const PlayRun first = play(s.host, QStringLiteral("angles gons\n"
+                                                      "save \"%1\"\n"
+                                                      "dump drawing\n"
+                                                      "angles radians\n"
+                                                      "select 9\n"
+                                                      "open \"%1\"\n"
+                                                      "dump drawing\n")
+                                           .arg(file));
+    EXPECT_EQ(first.errors, 0);
+    const std::vector<QJsonObject> d = dumps(first);
+    ASSERT_EQ(d.size(), 2u);
+    EXPECT_EQ(at(d[0], "settings/angleSystem").toInt(), 2);
+    EXPECT_EQ(d[0], d[1]);  // the later changes are gone and nothing is selected
+
+    // Another host, starting empty, opens the same drawing.
+    DrawingHost other(CreateFactory());
+    const PlayRun second = play(other, QStringLiteral("open \"%1\"\ndump drawing\n").arg(file));
+    EXPECT_EQ(second.errors, 0);
+    ASSERT_EQ(dumps(second).size(), 1u);
+    EXPECT_EQ(dumps(second)[0], d[0]);
+    EXPECT_NE(at(d[0], "entities"), at(dumpOf(CVELD()), "entities"));
+}
+
+namespace {
+
+/// A sealed copy of the sample drawing in @p dir, opened with "pw".
+QString sealedSample(const QTemporaryDir& dir, QJsonObject& dump) {
+    SampleHost s;
+    SetAngleSystem(&s.CAD(), 3, 0.25, true);
+    const QString path = dir.filePath(QStringLiteral("sealed.vld"));
+    QString error;
+    EXPECT_TRUE(drawingfile::Save(s.CAD(), path, QStringLiteral("pw"), error))
+        << error.toStdString();
+    dump = dumpOf(s.CAD());
+    return path;
+}
+
+struct PasswordRow {
+    const char* password;
+    bool opens;
+    const char* message;
+};
+const PasswordRow kPasswordRows[] = {
+    {"pw", true, ""},
+    {"PW", false, "sealed.vld was not opened: wrong password"},
+    {"", false, "sealed.vld was not opened: no password was given"},
+};
+
+}  // namespace
+
+TEST(VeldPlayDrawing, SealedDrawingsOpenWithTheGivenPassword) {
+    QTemporaryDir dir;
+    QJsonObject sealedDump;
+    const QString sealed = sealedSample(dir, sealedDump);
+    for (const auto& r : kPasswordRows) {
+        const QString password = QString::fromLatin1(r.password);
+        // As the drawing to start with.
+        {
+            DrawingHost host(CreateFactory());
+            const QJsonObject before = dumpOf(*host.GetCAD());
+            QString error;
+            EXPECT_EQ(host.Open(sealed, false, password, error), r.opens) << r.password;
+            EXPECT_TRUE(error.contains(QLatin1String(r.message))) << error.toStdString();
+            EXPECT_EQ(dumpOf(*host.GetCAD()), r.opens ? sealedDump : before) << r.password;
+        }
+        // With "open", which uses the same password.
+        {
+            DrawingHost host(CreateFactory());
+            QString error;
+            ASSERT_TRUE(host.Open(QString(), false, password, error));
+            const QJsonObject before = dumpOf(*host.GetCAD());
+            const PlayRun run =
+                play(host, QStringLiteral("open \"%1\"\ndump drawing\n").arg(sealed));
+            EXPECT_EQ(run.errors, r.opens ? 0 : 1) << r.password;
+            EXPECT_TRUE(run.First("error")
+                            .value(QStringLiteral("message"))
+                            .toString()
+                            .contains(QLatin1String(r.message)))
+                << r.password;
+            ASSERT_EQ(dumps(run).size(), 1u);
+            EXPECT_EQ(dumps(run)[0], r.opens ? sealedDump : before) << r.password;
+        }
+    }
+}
+
+// --- The command line ------------------------------------------------------
+
+namespace {
+
+struct Outcome {
+    int exitCode = -1;
+    std::vector<QJsonObject> events;
+    bool allJson = true;
+};
+
+Outcome runVeldPlay(const QStringList& args, const QByteArray& script) {
+    QProcess p;
+    p.start(QStringLiteral(VELD_PLAY_EXE), args + QStringList{QStringLiteral("-")});
+    Outcome o;
+    if (!p.waitForStarted())
+        return o;
+    p.write(script);
+    p.closeWriteChannel();
+    if (!p.waitForFinished(60000))
+        return o;
+    o.exitCode = p.exitCode();
+    for (const QByteArray& line : p.readAllStandardOutput().split('\n')) {
+        if (line.isEmpty())
+            continue;
+        const QJsonDocument doc = QJsonDocument::fromJson(line);
+        o.allJson = o.allJson && doc.isObject();
+        o.events.push_back(doc.object());
+    }
+    return o;
+}
+
+}  // namespace
+
+TEST(VeldPlayCommandLine, DrawingOptions) {
+    QTemporaryDir dir;
+    QJsonObject sealedDump;
+    const QString sealed = sealedSample(dir, sealedDump);
+    SampleHost sample;
+    QJsonObject sampleDump = dumpOf(sample.CAD());
+    QJsonObject emptyDump = dumpOf(*DrawingHost(CreateFactory()).GetCAD());
+    const QString odd = dir.filePath(QStringLiteral("say \"hi\"\\.vld"));
+
+    struct {
+        QStringList args;
+        int exitCode;
+        const QJsonObject* dump;  ///< the drawing dumped, or null for an error
+        QString message;
+    } rows[] = {
+        {{}, 0, &emptyDump, {}},
+        {{QStringLiteral("--sample")}, 0, &sampleDump, {}},
+        {{QStringLiteral("--drawing"), sealed, QStringLiteral("--password"), QStringLiteral("pw")},
+         0,
+         &sealedDump,
+         {}},
+        {{QStringLiteral("--password"), QStringLiteral("x"), QStringLiteral("--drawing"), sealed},
+         1,
+         nullptr,
+         QStringLiteral("sealed.vld was not opened: wrong password")},
+        {{QStringLiteral("--drawing"), sealed},
+         1,
+         nullptr,
+         QStringLiteral("sealed.vld was not opened: no password was given")},
+        // The message names a file whose name needs escaping in JSON.
+        {{QStringLiteral("--drawing"), odd},
+         1,
+         nullptr,
+         QStringLiteral("say \"hi\"\\.vld cannot be opened")},
+    };
+    for (const auto& r : rows) {
+        const std::string what = r.args.join(QLatin1Char(' ')).toStdString();
+        const Outcome o = runVeldPlay(r.args, "dump drawing\n");
+        EXPECT_EQ(o.exitCode, r.exitCode) << what;
+        EXPECT_TRUE(o.allJson) << what;
+        ASSERT_EQ(o.events.size(), 1u) << what;
+        QJsonObject e = o.events[0];
+        if (r.dump) {
+            EXPECT_EQ(e.take(QStringLiteral("event")).toString(), QStringLiteral("drawing"))
+                << what;
+            EXPECT_EQ(e, *r.dump) << what;
+        } else {
+            EXPECT_EQ(e.value(QStringLiteral("event")).toString(), QStringLiteral("error")) << what;
+            EXPECT_EQ(e.value(QStringLiteral("line")).toInt(-1), 0) << what;
+            EXPECT_TRUE(e.value(QStringLiteral("message")).toString().contains(r.message))
+                << what << " gave " << e.value(QStringLiteral("message")).toString().toStdString();
+        }
+    }
 }
