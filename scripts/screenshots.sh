@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Renders the pictures README shows: the demo window on the sample drawing and
+# every built dialog in a portrait and a landscape layout, through veld-play.
+# Run after a build (BUILD_DIR, default build); writes docs/screenshots/.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+BUILD=${BUILD_DIR:-build}
+OUT=docs/screenshots
+mkdir -p "$OUT"
+export QT_QPA_PLATFORM=offscreen
+VELD_DEMO_SHOT="$OUT/demo.png" "$BUILD/bin/veld-demo"
+script=$(mktemp)
+trap 'rm -f "$script"' EXIT
+for layout in 0 2; do
+  cat >>"$script" <<SCRIPT
+layout $layout
+call ShowDlgGetDouble title="Height" value=12.5
+  shot "$OUT/get-double-$layout.png"
+  close
+end
+call ShowDlgRotate angle=30
+  shot "$OUT/rotate-$layout.png"
+  close
+end
+call ShowDlgGetString caption="Point name" text="P101"
+  shot "$OUT/get-string-$layout.png"
+  close
+end
+call GetDlgPasswordRequest
+  shot "$OUT/password-$layout.png"
+  close
+end
+SCRIPT
+done
+"$BUILD/bin/veld-play" --sample "$script" >/dev/null
+ls "$OUT"
