@@ -8,9 +8,8 @@ CLtype::CLtype(const ulo::WString& name, const ulo::WString& desc, const CLtypeC
                unsigned flags)
     : ITableItem(name, flags), s_{desc, seq} {}
 
-CLtype::CLtype(const ulo::WString& name, const ulo::WString& desc, CLtypeComplexDashSeq&& seq,
-               unsigned flags)
-    : ITableItem(name, flags), s_{desc, std::move(seq)} {}
+CLtype::CLtype(ulo::WString name, ulo::WString desc, CLtypeComplexDashSeq&& seq, unsigned flags)
+    : ITableItem(std::move(name), flags), s_{std::move(desc), std::move(seq)} {}
 
 double CLtype::GetPatternLen() const {
     double len = 0.0;

@@ -10,19 +10,45 @@
 
 namespace veld {
 
+/// One element of a pattern: a number (dash > 0, gap < 0, dot = 0) or a text
+/// record. Elements are plain values (16 bytes for a number): a library of
+/// many line types holds millions of them.
 class ILtypeComplexDash {
 public:
-    virtual ~ILtypeComplexDash() = default;
-    virtual bool IsDouble() const = 0;
-    virtual double GetDouble() const = 0;
+    explicit ILtypeComplexDash(double value) : value_(value) {}
+    explicit ILtypeComplexDash(const TEXT_3D& text) : text_(std::make_unique<TEXT_3D>(text)) {}
+    explicit ILtypeComplexDash(TEXT_3D&& text)
+        : text_(std::make_unique<TEXT_3D>(std::move(text))) {}
+    ILtypeComplexDash(const ILtypeComplexDash& o)
+        : value_(o.value_), text_(o.text_ ? std::make_unique<TEXT_3D>(*o.text_) : nullptr) {}
+    ILtypeComplexDash(ILtypeComplexDash&&) noexcept = default;
+    ILtypeComplexDash& operator=(const ILtypeComplexDash& o) {
+        if (this != &o)
+            *this = ILtypeComplexDash(o);
+        return *this;
+    }
+    ILtypeComplexDash& operator=(ILtypeComplexDash&&) noexcept = default;
+
+    bool IsDouble() const { return !text_; }
+    double GetDouble() const { return value_; }
     /// The text record of a text element (null for a number element).
-    virtual const TEXT_3D* GetText() const = 0;
+    const TEXT_3D* GetText() const { return text_.get(); }
+    bool operator==(const ILtypeComplexDash& o) const {
+        return value_ == o.value_ && (text_ && o.text_ ? *text_ == *o.text_ : !text_ && !o.text_);
+    }
+
+private:
+    double value_ = 0.0;
+    std::unique_ptr<TEXT_3D> text_;
 };
 
 class CLtypeComplexDashSeq {
 public:
-    void AddDashDouble(double value) { dashes_.push_back(Dash{value, std::nullopt}); }
-    void AddDashText(const TEXT_3D& text) { dashes_.push_back(Dash{0.0, text}); }
+    void AddDashDouble(double value) { dashes_.emplace_back(value); }
+    void AddDashText(const TEXT_3D& text) { dashes_.emplace_back(text); }
+    void AddDashText(TEXT_3D&& text) { dashes_.emplace_back(std::move(text)); }
+    /// Room for @p n elements, so that a pattern of known length takes no more.
+    void Reserve(unsigned n) { dashes_.reserve(n); }
     unsigned GetNoDashes() const { return static_cast<unsigned>(dashes_.size()); }
     const ILtypeComplexDash* GetDash(unsigned i) const {
         return i < dashes_.size() ? &dashes_[i] : nullptr;
@@ -30,37 +56,15 @@ public:
     bool operator==(const CLtypeComplexDashSeq& o) const { return dashes_ == o.dashes_; }
 
 private:
-    // A number element costs 24 bytes; a text element keeps its record apart.
-    struct Dash : ILtypeComplexDash {
-        Dash(double v, std::optional<TEXT_3D> t)
-            : value(v), text(t ? std::make_unique<TEXT_3D>(std::move(*t)) : nullptr) {}
-        Dash(const Dash& o)
-            : value(o.value), text(o.text ? std::make_unique<TEXT_3D>(*o.text) : nullptr) {}
-        Dash(Dash&&) noexcept = default;
-        Dash& operator=(const Dash& o) {
-            if (this != &o)
-                *this = Dash(o);
-            return *this;
-        }
-        Dash& operator=(Dash&&) noexcept = default;
-        bool IsDouble() const override { return !text; }
-        double GetDouble() const override { return value; }
-        const TEXT_3D* GetText() const override { return text.get(); }
-        bool operator==(const Dash& o) const {
-            return value == o.value && (text && o.text ? *text == *o.text : !text && !o.text);
-        }
-        double value;
-        std::unique_ptr<TEXT_3D> text;
-    };
-    std::vector<Dash> dashes_;
+    std::vector<ILtypeComplexDash> dashes_;
 };
 
 class CLtype : public ITableItem {
 public:
     CLtype(const ulo::WString& name, const ulo::WString& desc, const CLtypeComplexDashSeq& seq,
            unsigned flags);
-    CLtype(const ulo::WString& name, const ulo::WString& desc, CLtypeComplexDashSeq&& seq,
-           unsigned flags);
+    /// Takes over the name, description and pattern.
+    CLtype(ulo::WString name, ulo::WString desc, CLtypeComplexDashSeq&& seq, unsigned flags);
 
     const ulo::WString& GetDesc() const { return s_.desc; }
     void SetDesc(const ulo::WString& desc) { s_.desc = desc; }

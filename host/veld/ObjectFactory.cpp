@@ -7,9 +7,9 @@ CLtype* CObjectFactory::CreateLtype(const ulo::WString& name, const ulo::WString
     return new CLtype(name, desc, seq, flags);
 }
 
-CLtype* CObjectFactory::CreateLtype(const ulo::WString& name, const ulo::WString& desc,
+CLtype* CObjectFactory::CreateLtype(ulo::WString name, ulo::WString desc,
                                     CLtypeComplexDashSeq&& seq, unsigned flags, int) const {
-    return new CLtype(name, desc, std::move(seq), flags);
+    return new CLtype(std::move(name), std::move(desc), std::move(seq), flags);
 }
 
 CLayer* CObjectFactory::CreateLayer(const ulo::WString& name, CLtype* ltype, unsigned short colour,

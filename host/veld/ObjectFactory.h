@@ -11,9 +11,9 @@ class CObjectFactory {
 public:
     CLtype* CreateLtype(const ulo::WString& name, const ulo::WString& desc,
                         const CLtypeComplexDashSeq& seq, unsigned flags, int reserved) const;
-    /// The same, taking over the pattern instead of copying it.
-    CLtype* CreateLtype(const ulo::WString& name, const ulo::WString& desc,
-                        CLtypeComplexDashSeq&& seq, unsigned flags, int reserved) const;
+    /// The same, taking over the texts and the pattern instead of copying them.
+    CLtype* CreateLtype(ulo::WString name, ulo::WString desc, CLtypeComplexDashSeq&& seq,
+                        unsigned flags, int reserved) const;
     CLayer* CreateLayer(const ulo::WString& name, CLtype* ltype, unsigned short colour,
                         enumLineWidth width, unsigned flags, int reserved) const;
     CStyle* CreateStyle(const ulo::WString& name, const ICADFont* font, double fixedHeight,

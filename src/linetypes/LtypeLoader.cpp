@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 
 #include <QFile>
+#include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <cwchar>
 #include <cwctype>
@@ -100,12 +102,43 @@ private:
 };
 
 /// The number a field starts with (0 when none), as the toolkit's wtof reads it.
+/// Plain decimal numbers ("-0.25", "12", "1.5e3") take a fast exact path; any
+/// other text (blanks, "+", hexadecimal, "inf") goes to wtof itself.
 double fieldNumber(std::wstring_view field) {
-    wchar_t buf[64];
     const std::size_t n = std::min<std::size_t>(field.size(), 63);
+    char narrow[64];
+    bool plain = n > 0;
+    for (std::size_t i = 0; i < n && plain; ++i) {
+        const wchar_t c = field[i];
+        plain = (c >= L'0' && c <= L'9') || c == L'-' || c == L'.' || c == L'e' || c == L'E';
+        narrow[i] = static_cast<char>(c);
+    }
+    if (plain && narrow[0] != 'e' && narrow[0] != 'E') {
+        double v = 0.0;
+        const auto r = std::from_chars(narrow, narrow + n, v);
+        if (r.ec == std::errc() && r.ptr == narrow + n)
+            return v;
+    }
+    wchar_t buf[64];
     std::wmemcpy(buf, field.data(), n);
     buf[n] = L'\0';
     return ulo::wtof(buf);
+}
+
+/// The elements a pattern line holds: its fields after "A", a bracketed text
+/// record counting as one.
+unsigned elementCount(std::wstring_view line) {
+    unsigned n = 0;
+    bool inText = false;
+    for (const wchar_t c : line) {
+        if (c == L'[')
+            inText = true;
+        else if (c == L']')
+            inText = false;
+        else if (c == L',' && !inText)
+            ++n;
+    }
+    return n;
 }
 
 struct FileCloser {
@@ -159,9 +192,27 @@ struct CLtypeLoader::Private {
     CObjectFactory* factory;
     IErrorNotifier* notifier = nullptr;
     CHandleObjectVectorCollection ltypes;
+    // The last style found in the table: libraries use one or two styles
+    // throughout, so most lookups end here.
+    mutable std::wstring lastStyleName;
+    mutable CStyle* lastStyle = nullptr;
 
+    CStyle* FindStyle(std::wstring_view name) const;
     CLtypeComplexDashSeq Parse(const std::wstring& name, const std::wstring& line) const;
 };
+
+CStyle* CLtypeLoader::Private::FindStyle(std::wstring_view name) const {
+    if (lastStyle && name == lastStyleName)
+        return lastStyle;
+    const ulo::WString text{std::wstring(name)};
+    if (CStyle* style = styles ? styles->Find(text) : nullptr) {
+        lastStyleName = name;
+        lastStyle = style;
+        return style;
+    }
+    // A name the table lacks is put to the notifier every time.
+    return notifier ? notifier->GetUndefinedStyle(text) : nullptr;
+}
 
 CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
                                                   const std::wstring& line) const {
@@ -171,6 +222,7 @@ CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
     if (!tok.Next(field) || field != L"A")
         fail(1);
     CLtypeComplexDashSeq seq;
+    seq.Reserve(elementCount(line));
     while (tok.Next(field)) {
         if (field.empty())
             fail(2);
@@ -201,10 +253,7 @@ CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
         std::wstring_view styleName;
         if (!keys.Next(styleName))
             fail(2);
-        const ulo::WString styleText{std::wstring(styleName)};
-        CStyle* style = styles ? styles->Find(styleText) : nullptr;
-        if (!style && notifier)
-            style = notifier->GetUndefinedStyle(styleText);
+        CStyle* style = FindStyle(styleName);
         if (!style)
             fail(3);
         text.SetStyle(style);
@@ -231,7 +280,7 @@ CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
                     break;  // other keys are accepted and ignored
             }
         }
-        seq.AddDashText(text);
+        seq.AddDashText(std::move(text));
     }
     if (seq.GetNoDashes() < 2)
         fail(4);
@@ -239,7 +288,7 @@ CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
 }
 
 CLtypeLoader::CLtypeLoader(const CStyleTable* styles, CObjectFactory* factory)
-    : d(new Private{styles, factory, nullptr, {}}) {}
+    : d(new Private{styles, factory, nullptr, {}, {}, nullptr}) {}
 
 CLtypeLoader::~CLtypeLoader() {
     delete d;
@@ -247,6 +296,7 @@ CLtypeLoader::~CLtypeLoader() {
 
 int CLtypeLoader::Load(const wchar_t* path) {
     d->ltypes.RemoveAll();
+    d->lastStyle = nullptr;  // the table or the notifier may answer otherwise now
     FilePtr file(openFile(path, "rb"));
     if (!file)
         return -1;
@@ -259,14 +309,16 @@ int CLtypeLoader::Load(const wchar_t* path) {
             while ((*line)[0] != L'*') line = &reader.Next();
             const std::wstring& header = *line;
             const std::size_t comma = header.find(L',');
-            const std::wstring name =
-                header.substr(1, comma == std::wstring::npos ? std::wstring::npos : comma - 1);
-            const std::wstring desc =
-                comma == std::wstring::npos ? std::wstring() : header.substr(comma + 1);
+            ulo::WString name(std::wstring_view(header).substr(
+                1, comma == std::wstring::npos ? std::wstring::npos : comma - 1));
+            ulo::WString desc(comma == std::wstring::npos
+                                  ? std::wstring_view()
+                                  : std::wstring_view(header).substr(comma + 1));
             const std::wstring& pattern = reader.Next();
             try {
-                CLtypeComplexDashSeq seq = d->Parse(name, pattern);
-                CLtype* ltype = d->factory->CreateLtype(name, desc, std::move(seq), 0, 0);
+                CLtypeComplexDashSeq seq = d->Parse(name.str(), pattern);
+                CLtype* ltype =
+                    d->factory->CreateLtype(std::move(name), std::move(desc), std::move(seq), 0, 0);
                 d->ltypes.Add(ltype);
                 ltype->SubReference();
             } catch (const CLtypeLoaderLoadError& e) {

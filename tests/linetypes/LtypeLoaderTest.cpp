@@ -132,6 +132,43 @@ TEST_F(LoaderTest, TextElementKeysAndTheCharacterAfterTheBracket) {
     EXPECT_EQ(loader.GetLtypeNo(1)->GetDash(2)->GetDouble(), -2.0);
 }
 
+TEST_F(LoaderTest, NumbersReadAsTheToolkitReadsThem) {
+    // Each field is read from its start as far as it forms a number; the
+    // loader's fast path for plain decimals must agree with that everywhere.
+    const struct {
+        const char* field;
+        double value;
+    } cases[] = {
+        {"1.5", 1.5},       {"-0.25", -0.25},  {".5", 0.5},      {"2.", 2.0},
+        {"1e2", 100.0},     {"-1.5E-1", -0.15}, {" 3", 3.0},     {"+4", 4.0},
+        {"0x10", 16.0},     {"7abc", 7.0},      {"1e", 1.0},      {"-", 0.0},
+        {"e5", 0.0},        {"--2", 0.0},       {"1-2", 1.0},     {"0.1", 0.1},
+    };
+    for (const auto& c : cases) {
+        loader.Load(Write(QByteArray("*N\nA,1,") + c.field + "\n").c_str());
+        ASSERT_EQ(loader.GetNoLtypes(), 1u) << c.field;
+        EXPECT_EQ(loader.GetLtypeNo(0)->GetDash(1)->GetDouble(), c.value) << c.field;
+    }
+}
+
+TEST_F(LoaderTest, UndefinedStylesComeFromTheNotifierEveryTime) {
+    struct Counting : Recorder {
+        using Recorder::Recorder;
+        veld::CStyle* GetUndefinedStyle(const ulo::WString& name) override {
+            asked.push_back(name.str());
+            return Recorder::GetUndefinedStyle(name);
+        }
+        std::vector<std::wstring> asked;
+    } rec(data.GetStyleTable().GetStyleStandard());
+    loader.SetNotifier(&rec);
+    loader.Load(Write("*A\nA,1,[\"X\",NOSUCH],-1,[\"Y\",STANDARD],-1\n"
+                      "*B\nA,1,[\"X\",NOSUCH],-1,[\"Y\",standard],-1\n")
+                    .c_str());
+    EXPECT_EQ(rec.asked, (std::vector<std::wstring>{L"NOSUCH", L"NOSUCH"}));
+    ASSERT_EQ(loader.GetNoLtypes(), 2u);
+    EXPECT_EQ(loader.GetLtypeNo(1)->GetDash(3)->GetText()->GetStyle()->GetName(), L"STANDARD");
+}
+
 TEST_F(LoaderTest, UndefinedStylesComeFromTheNotifier) {
     Recorder rec(data.GetStyleTable().GetStyleStandard());
     loader.SetNotifier(&rec);
