@@ -268,7 +268,7 @@ bool shown(const veld::CEnt& e) {
 }  // namespace
 
 void Paint(QPainter& p, CVELD& cad, const CGrid& grid, const ViewTransform& view) {
-    p.setRenderHint(QPainter::Antialiasing);
+    p.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     p.fillRect(QRectF(QPointF(0, 0), view.size), fromGColor(GetClrGrphWndBkGrnd(&cad)));
     for (int i = 0; i < cad.GetNoImages(); ++i) {
         const CVELDImage* image = cad.GetImage(i);
