@@ -19,7 +19,7 @@ struct DemoContext {
     CVELD* cad;
     CVELDView* view;
     QWidget* parent;
-    ulo::geom::PNT_3D point;  ///< the last point tapped in the view
+    ulo::geom::PNT_3D point;  ///< where the pointer last was in the view
 };
 
 struct DemoOperation {

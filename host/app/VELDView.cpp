@@ -77,6 +77,22 @@ void CVELDView::paintEvent(QPaintEvent*) {
     view_.size = size();
     QPainter painter(this);
     drawingrender::Paint(painter, *cad_, grid_, view_);
+    if (pointerIn_) {
+        // The cross-hair and the pick box at the pointer, as the settings size them.
+        const GColor c = GetClrLogCrossHair(cad_);
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setPen(QColor(c.Red(), c.Green(), c.Blue()));
+        const double arm = static_cast<double>(GetCrossDim(cad_));
+        const double box = static_cast<double>(GetDeltaPick(cad_));
+        painter.drawLine(pointer_ - QPointF(arm, 0), pointer_ + QPointF(arm, 0));
+        painter.drawLine(pointer_ - QPointF(0, arm), pointer_ + QPointF(0, arm));
+        painter.drawRect(QRectF(pointer_ - QPointF(box, box), QSizeF(2 * box, 2 * box)));
+    }
+}
+
+void CVELDView::leaveEvent(QEvent*) {
+    pointerIn_ = false;
+    update();
 }
 
 void CVELDView::resizeEvent(QResizeEvent*) {
@@ -96,6 +112,9 @@ void CVELDView::mousePressEvent(QMouseEvent* event) {
 void CVELDView::mouseMoveEvent(QMouseEvent* event) {
     const QPointF at = event->position();
     const QPointF map = view_.ToMap(at);
+    pointer_ = at;
+    pointerIn_ = true;
+    update();
     Q_EMIT PointerMoved(map.x(), map.y());
     if (!pressed_)
         return;

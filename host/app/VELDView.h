@@ -51,6 +51,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     bool event(QEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
 private:
     void Tap(const QPointF& screen);
@@ -66,6 +67,8 @@ private:
     bool pressed_ = false;
     bool panning_ = false;
     bool moved_ = false;  // panned or zoomed since the last zoom to extents
+    QPointF pointer_;
+    bool pointerIn_ = false;
 };
 
 /// The grid the dialogs edit in place.
