@@ -170,16 +170,6 @@ TEST(VELD, SettersReportOnlyRealChanges) {
     EXPECT_EQ(cad.GetOSnapperMask(), 0x24u);
 }
 
-TEST(VELD, StopExecuteEndsTheRunningOperation) {
-    CVELD cad;
-    EXPECT_FALSE(cad.GetActiveOperation()->IsRunning());
-    cad.StartOperation(L"LINE");
-    EXPECT_EQ(cad.GetActiveOperation()->GetName(), L"LINE");
-    cad.stopExecute();
-    EXPECT_FALSE(cad.GetActiveOperation()->IsRunning());
-    EXPECT_EQ(cad.GetStopCount(), 1u);
-}
-
 TEST(VELD, ImagesAreFoundByNameIgnoringCase) {
     CVELD cad;
     auto dib = std::make_shared<pix::CDibImage>(QImage(4, 3, QImage::Format_RGB32));

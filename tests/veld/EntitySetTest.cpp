@@ -170,24 +170,6 @@ TEST(EntitySets, NewSuitableNameSkipsTakenNamesIgnoringCase) {
         EXPECT_EQ(d.sets->GetNewSuitableName(c.type, c.names), c.expected) << c.type;
 }
 
-TEST(EntitySets, MementoOfASetRestoresNameAndFlags) {
-    Drawing d;
-    veld::CDrawing* set = d.sets->GetActiveDrawing(0);
-    ulo::IMemento* m = set->CreateMemento();
-    set->SetName(L"Renamed");
-    set->SetVisible(false);
-    set->SetLocked(true);
-    set->SetUseColor(true);
-    set->SetColor(42);
-    EXPECT_TRUE(set->HasChanged(m));
-    set->SetMemento(m);
-    m->SubReference();
-    EXPECT_EQ(set->GetName(), L"CAD1");
-    EXPECT_TRUE(set->IsVisible());
-    EXPECT_FALSE(set->IsLocked() || set->UseColor());
-    EXPECT_EQ(set->GetColor(), 1u);
-}
-
 TEST(EntitySets, IteratorSkipsSetsThatAreOffOrGone) {
     Drawing d;
     veld::CDrawing* cad = d.sets->GetActiveDrawing(0);
