@@ -292,7 +292,7 @@ void DemoWindow::BuildMenus() {
             DemoContext context{factory_, &cad_, view_, this, tapped_};
             const QString result = op.run(context);
             Log(QStringLiteral("%1: %2").arg(QString::fromLatin1(op.name), result));
-            view_->update();
+            view_->Redraw();  // a grid edited in place comes without a notification
         });
         if (usable)
             bar->addAction(a);

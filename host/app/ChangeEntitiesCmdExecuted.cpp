@@ -1,8 +1,8 @@
 #include "ChangeEntitiesCmdExecuted.h"
 
-#include "MementoSwap_p.h"
 #include "VELD.h"
 #include "veld/Ent.h"
+#include "ulo/Memento.h"
 
 CChangeEntitiesCmdExecuted::CChangeEntitiesCmdExecuted(CVELD* cad) : ICADCmdExecuted(cad) {}
 
@@ -42,6 +42,6 @@ void CChangeEntitiesCmdExecuted::DoCADRedo() {
 }
 
 void CChangeEntitiesCmdExecuted::Swap(std::pair<veld::CEnt*, ulo::IMemento*>& entry) {
-    app_detail::SwapMemento(*entry.first, entry.second);
+    ulo::SwapMemento(*entry.first, entry.second);
     ReflectEntModified(GetVELD(), entry.first);
 }

@@ -252,16 +252,12 @@ public:
         return In(v_.toObject().value(QLatin1String(key)),
                   where_.isEmpty() ? QString::fromLatin1(key) : where_ + '.' + key);
     }
-    bool Has(const char* key) const {
-        return v_.isObject() && v_.toObject().contains(QLatin1String(key));
-    }
     In At(qsizetype i) const { return In(v_.toArray().at(i), where_ + '[' + QString::number(i) + ']'); }
     qsizetype Size() const {
         if (!v_.isArray())
             Fail("expected a list");
         return v_.toArray().size();
     }
-    bool IsArray() const { return v_.isArray(); }
     bool IsObject() const { return v_.isObject(); }
     double Number(double lo = -1e100, double hi = 1e100) const {
         if (!v_.isDouble())
@@ -614,15 +610,6 @@ void readImages(Parsed& p, const In& list) {
     }
 }
 
-template <class T>
-void holdInSettings(T*& slot, T* item) {
-    if (item)
-        item->AddReference();
-    if (slot)
-        slot->SubReference();
-    slot = item;
-}
-
 }  // namespace
 
 QByteArray Write(const CVELD& cad) {
@@ -687,18 +674,14 @@ bool Read(CVELD& cad, const QByteArray& json, QString& error) {
     }
 
     // Everything checked: the CAD instance takes the new drawing.
-    veld::CLayer* layer = p.curLayer;
-    veld::CLtype* ltype = p.curLtype;
-    veld::CStyle* style = p.curStyle;
     cad.SetData(std::move(p.data));
+    // The values of the settings; the current items are held by the CAD instance.
     CVELD::Settings& s = cad.GetSettings();
     p.settings.curLayer = s.curLayer;
     p.settings.curLtype = s.curLtype;
     p.settings.curStyle = s.curStyle;
     s = p.settings;
-    holdInSettings(s.curLayer, layer);
-    holdInSettings(s.curLtype, ltype);
-    holdInSettings(s.curStyle, style);
+    cad.SetCurrentItems(p.curLayer, p.curLtype, p.curStyle);
     cad.UpdateAngleConverter();
     cad.SetOSnapper(p.osnapOn, p.osnapMask);
     for (int i = 0; i < cad.GetNoViews() && i < static_cast<int>(p.views.size()); ++i) {
@@ -715,12 +698,12 @@ bool Read(CVELD& cad, const QByteArray& json, QString& error) {
 
 bool Load(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* request,
           QString& error) {
-    const QString name = QFileInfo(path).fileName();
+    const QFileInfo info(path);
+    const QString name = info.fileName();
     QFile file(path);
-    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly)) {
+    if (info.isDir() || !file.open(QIODevice::ReadOnly)) {
         error = QStringLiteral("%1 cannot be opened: %2")
-                    .arg(name, QFileInfo(path).isDir() ? QStringLiteral("it is a folder")
-                                                       : file.errorString());
+                    .arg(name, info.isDir() ? QStringLiteral("it is a folder") : file.errorString());
         return false;
     }
     const QByteArray bytes = file.readAll();

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <cmath>
+#include <unordered_set>
 
 #include "VELD.h"
 #include "veld/Colors.h"
@@ -281,14 +282,18 @@ void Paint(QPainter& p, CVELD& cad, const CGrid& grid, const ViewTransform& view
         p.setOpacity(1.0);
     }
     paintGrid(p, cad, grid, view);
+    // Selected entities are drawn last, on top of the others; the selection is
+    // looked up once per picture, not searched for every entity.
     const veld::CEntCollection& selection = GetSelectedEntCollection(&cad);
+    std::unordered_set<const veld::CEnt*> selected;
+    for (unsigned i = 0; i < selection.GetNoEnts(); ++i)
+        selected.insert(selection.GetEnt(i));
     veld::CData::CHandleObjectIterator it(cad.GetData(), false);
-    // Selected entities are drawn last, on top of the others.
     std::vector<const veld::CEnt*> chosen;
     while (veld::CEnt* e = it.GetNext()) {
         if (!shown(*e))
             continue;
-        if (selection.Contains(e))
+        if (selected.count(e))
             chosen.push_back(e);
         else
             paintEntity(p, cad, *e, view, false);

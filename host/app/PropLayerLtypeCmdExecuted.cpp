@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "MementoSwap_p.h"
 #include "VELD.h"
+#include "ulo/Memento.h"
 
-using app_detail::SwapMemento;
+using ulo::SwapMemento;
 
 CPropLayerLtypeCmdExecuted::CPropLayerLtypeCmdExecuted(
     CVELD* cad, veld::CLayer* newCurLayer, veld::CLtype* newCurLtype, double scaleBefore,

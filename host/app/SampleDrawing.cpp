@@ -239,5 +239,4 @@ void BuildSampleDrawing(CVELD& cad) {
     cad.AddImage(std::make_unique<CVELDImage>(
         QStringLiteral("Orthophoto"), std::make_shared<pix::CDibImage>(aerialPicture()), 0.625,
         0.0, 0.0));
-    (void)stations;
 }

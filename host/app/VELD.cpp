@@ -25,9 +25,8 @@ bool globalColorSelected = true;
 CVELD::CVELD()
     : data_(std::make_unique<veld::CData>()),
       selection_(std::make_unique<veld::CEntCollection>()) {
-    holdCurrent(settings_.curLayer, veld::FindLayer(data_.get(), L"0"));
-    holdCurrent(settings_.curLtype, data_->GetLtypeTable().GetLtypeByLayer());
-    holdCurrent(settings_.curStyle, data_->GetStyleTable().GetStyleStandard());
+    SetCurrentItems(veld::FindLayer(data_.get(), L"0"), data_->GetLtypeTable().GetLtypeByLayer(),
+                    data_->GetStyleTable().GetStyleStandard());
     UpdateAngleConverter();
     data_->GetDataTablesSourceEvent()->AddListener(&relay_);
     event_.AddListener(&relay_);
@@ -43,9 +42,13 @@ CVELD::~CVELD() {
     const auto views = views_;  // each view detaches itself
     for (CVELDView* view : views)
         view->ForgetVELD();
-    holdCurrent<veld::CLayer>(settings_.curLayer, nullptr);
-    holdCurrent<veld::CLtype>(settings_.curLtype, nullptr);
-    holdCurrent<veld::CStyle>(settings_.curStyle, nullptr);
+    SetCurrentItems(nullptr, nullptr, nullptr);
+}
+
+void CVELD::SetCurrentItems(veld::CLayer* layer, veld::CLtype* ltype, veld::CStyle* style) {
+    holdCurrent(settings_.curLayer, layer);
+    holdCurrent(settings_.curLtype, ltype);
+    holdCurrent(settings_.curStyle, style);
 }
 
 void CVELD::SetData(std::unique_ptr<veld::CData> data) {
@@ -54,15 +57,13 @@ void CVELD::SetData(std::unique_ptr<veld::CData> data) {
     undo_.Clear();
     selection_->RemoveAllEnts();
     reflected_.clear();
-    holdCurrent<veld::CLayer>(settings_.curLayer, nullptr);
-    holdCurrent<veld::CLtype>(settings_.curLtype, nullptr);
-    holdCurrent<veld::CStyle>(settings_.curStyle, nullptr);
+    // The current items belong to the old drawing: let them go before it does.
+    SetCurrentItems(nullptr, nullptr, nullptr);
     data_->GetDataTablesSourceEvent()->RemoveListener(&relay_);
     data_ = std::move(data);
     data_->GetDataTablesSourceEvent()->AddListener(&relay_);
-    holdCurrent(settings_.curLayer, veld::FindLayer(data_.get(), L"0"));
-    holdCurrent(settings_.curLtype, data_->GetLtypeTable().GetLtypeByLayer());
-    holdCurrent(settings_.curStyle, data_->GetStyleTable().GetStyleStandard());
+    SetCurrentItems(veld::FindLayer(data_.get(), L"0"), data_->GetLtypeTable().GetLtypeByLayer(),
+                    data_->GetStyleTable().GetStyleStandard());
     NotifyChange(Change::Redraw);
 }
 
@@ -347,9 +348,7 @@ veld::CEntText* CreateEntText(const CVELD* cad, const veld::TEXT_3D& text) {
 
 void redrawAllViews(CVELD& cad) {
     cad.CountRedraw();
-    cad.NotifyChange(CVELD::Change::Redraw);
-    for (int i = 0; i < cad.GetNoViews(); ++i)
-        cad.GetView(i)->update();
+    cad.NotifyChange(CVELD::Change::Redraw);  // the views listen and draw again
 }
 
 bool not_numeric_input(const wchar_t* text) {

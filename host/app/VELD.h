@@ -67,6 +67,9 @@ public:
     /// emptied and the current items go back to layer 0, ByLayer and the
     /// standard style.
     void SetData(std::unique_ptr<veld::CData> data);
+    /// Sets the current layer, line type and style at once, holding a
+    /// reference on each (no notification: for a drawing being set up).
+    void SetCurrentItems(veld::CLayer* layer, veld::CLtype* ltype, veld::CStyle* style);
 
     // Views
     int GetNoViews() const { return static_cast<int>(views_.size()); }

@@ -20,7 +20,7 @@ CVELDView::CVELDView(CVELD* cad, QWidget* parent) : QWidget(parent), cad_(cad) {
     if (!cad_)
         return;
     cad_->AttachView(this);
-    listener_ = cad_->AddChangeListener([this](CVELD::Change) { update(); });
+    listener_ = cad_->AddChangeListener([this](CVELD::Change) { Redraw(); });
 }
 
 CVELDView::~CVELDView() {
@@ -50,6 +50,11 @@ void CVELDView::ZoomExtents() {
         const double w = std::max(box.width(), 1e-6), h = std::max(box.height(), 1e-6);
         view_.zoom = std::max(1e-6, 0.92 * std::min(width() / w, height() / h));
     }
+    Redraw();
+}
+
+void CVELDView::Redraw() {
+    pictureValid_ = false;
     update();
 }
 
@@ -59,7 +64,7 @@ void CVELDView::ZoomAt(const QPointF& screen, double factor) {
     const QPointF after = view_.ToMap(screen);
     view_.centre += before - after;
     moved_ = true;
-    update();
+    Redraw();
 }
 
 veld::CEnt* CVELDView::EntityAt(const QPointF& screen) const {
@@ -75,8 +80,18 @@ void CVELDView::paintEvent(QPaintEvent*) {
     if (shownData_ != cad_->GetData())
         ZoomExtents();
     view_.size = size();
+    const qreal ratio = devicePixelRatioF();
+    if (!pictureValid_ || picture_.size() != size() * ratio) {
+        // The drawing is drawn again only when it, its settings or the view
+        // changed; pointer moves reuse the picture.
+        picture_ = QPixmap(size() * ratio);
+        picture_.setDevicePixelRatio(ratio);
+        QPainter p(&picture_);
+        drawingrender::Paint(p, *cad_, grid_, view_);
+        pictureValid_ = true;
+    }
     QPainter painter(this);
-    drawingrender::Paint(painter, *cad_, grid_, view_);
+    painter.drawPixmap(0, 0, picture_);
     if (pointerIn_) {
         // The cross-hair and the pick box at the pointer, as the settings size them.
         const GColor c = GetClrLogCrossHair(cad_);
@@ -97,6 +112,7 @@ void CVELDView::leaveEvent(QEvent*) {
 
 void CVELDView::resizeEvent(QResizeEvent*) {
     view_.size = size();
+    pictureValid_ = false;
     if (!moved_)
         ZoomExtents();  // keep the whole drawing in sight until the user moves
 }
@@ -114,7 +130,7 @@ void CVELDView::mouseMoveEvent(QMouseEvent* event) {
     const QPointF map = view_.ToMap(at);
     pointer_ = at;
     pointerIn_ = true;
-    update();
+    update();  // the cross-hair only: the drawing's picture stays
     Q_EMIT PointerMoved(map.x(), map.y());
     if (!pressed_)
         return;
@@ -124,7 +140,7 @@ void CVELDView::mouseMoveEvent(QMouseEvent* event) {
     moved_ = true;
     view_.centre -= QPointF((at.x() - pressAt_.x()) / view_.zoom, -(at.y() - pressAt_.y()) / view_.zoom);
     pressAt_ = at;
-    update();
+    Redraw();
 }
 
 void CVELDView::mouseReleaseEvent(QMouseEvent* event) {

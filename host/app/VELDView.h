@@ -4,6 +4,7 @@
 // instance reports a change; the mouse (or a finger) pans by dragging, the
 // wheel and a pinch zoom, and a tap selects or deselects the entity under it
 // (a tap on nothing clears the selection).
+#include <QPixmap>
 #include <QWidget>
 
 #include "DrawingRenderer.h"
@@ -36,6 +37,9 @@ public:
     /// Zooms by @p factor keeping the map point under @p screen in place.
     void ZoomAt(const QPointF& screen, double factor);
     const ViewTransform& GetTransform() const { return view_; }
+    /// Draws the drawing again: for changes that come without a notification
+    /// (a grid edited in place). Notified changes redraw by themselves.
+    void Redraw();
     /// Where a tap at @p screen lands: the entity it would select, or null.
     veld::CEnt* EntityAt(const QPointF& screen) const;
 
@@ -69,6 +73,8 @@ private:
     bool moved_ = false;  // panned or zoomed since the last zoom to extents
     QPointF pointer_;
     bool pointerIn_ = false;
+    QPixmap picture_;  // the drawing as last drawn, under the cross-hair
+    bool pictureValid_ = false;
 };
 
 /// The grid the dialogs edit in place.

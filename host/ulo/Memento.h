@@ -28,6 +28,19 @@ protected:
     virtual void OnSetMemento(IMemento* memento) = 0;
 };
 
+/// The memento swap: one stored memento per object serves undo and redo alike.
+/// Takes a fresh memento, restores the object from the stored one, releases
+/// the stored one and keeps the fresh one in its place. Nothing happens
+/// without a stored memento.
+inline void SwapMemento(IMementable& object, IMemento*& stored) {
+    if (!stored)
+        return;
+    IMemento* fresh = object.CreateMemento();
+    object.SetMemento(stored);
+    stored->SubReference();
+    stored = fresh;
+}
+
 /// A memento that stores a copy of a value type.
 template <class State>
 class CValueMemento : public IMemento {

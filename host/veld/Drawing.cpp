@@ -111,11 +111,7 @@ CDrawing* CDrawingManager::AddDrawing(unsigned typeId, const ulo::WString& name,
     d->SetLocked(locked);
     d->SetHidden(hidden);
     drawings_.insert(atEnd ? drawings_.end() : drawings_.begin(), d);  // takes the new reference
-    const auto slot = static_cast<size_t>(
-        std::find_if(types_.begin(), types_.end(), [type](const auto& t) { return t.get() == type; }) -
-        types_.begin());
-    if (!active_[slot])
-        active_[slot] = d;
+    ActivateIfNone(d);
     return d;
 }
 
@@ -124,9 +120,7 @@ bool CDrawingManager::AddDrawing(CDrawing* drawing) {
         return false;
     drawing->AddReference();
     drawings_.push_back(drawing);
-    for (size_t i = 0; i < types_.size(); ++i)
-        if (types_[i].get() == drawing->GetDrawingType() && !active_[i])
-            active_[i] = drawing;
+    ActivateIfNone(drawing);
     return true;
 }
 
@@ -178,12 +172,22 @@ CDrawingList CDrawingManager::GetActiveDrawings() const {
 bool CDrawingManager::SetActiveDrawing(CDrawing* drawing) {
     if (!drawing || !IsDrawingPresent(drawing))
         return false;
+    CDrawing** slot = ActiveSlot(drawing->GetDrawingType());
+    if (slot)
+        *slot = drawing;
+    return slot != nullptr;
+}
+
+CDrawing** CDrawingManager::ActiveSlot(const CDrawingType* type) {
     for (size_t i = 0; i < types_.size(); ++i)
-        if (types_[i].get() == drawing->GetDrawingType()) {
-            active_[i] = drawing;
-            return true;
-        }
-    return false;
+        if (types_[i].get() == type)
+            return &active_[i];
+    return nullptr;
+}
+
+void CDrawingManager::ActivateIfNone(CDrawing* drawing) {
+    if (CDrawing** slot = ActiveSlot(drawing->GetDrawingType()); slot && !*slot)
+        *slot = drawing;
 }
 
 ulo::WString CDrawingManager::GetNewSuitableName(unsigned typeId,

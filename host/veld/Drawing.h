@@ -187,6 +187,11 @@ public:
                                     const std::vector<ulo::WString>& names) const;
 
 private:
+    /// Where the active set of @p type is kept (null for a foreign type).
+    CDrawing** ActiveSlot(const CDrawingType* type);
+    /// Makes @p drawing the active set of its type when the type has none.
+    void ActivateIfNone(CDrawing* drawing);
+
     CData* data_;
     IHandleGestor* gestor_;
     std::vector<std::unique_ptr<CDrawingType>> types_;

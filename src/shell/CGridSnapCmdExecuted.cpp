@@ -1,9 +1,11 @@
 #include "CGridSnapCmdExecuted.h"
 
-#include "MementoSwap.h"
 #include "app/VELDView.h"
+#include "ulo/Memento.h"
 
 namespace veld5 {
+
+using ulo::SwapMemento;
 
 CGridSnapCmdExecuted::CGridSnapCmdExecuted(CVELDView* view, ulo::IMemento* before)
     : ICADCmdExecuted(view->GetVELD()), view_(view), memento_(before) {}

@@ -1,10 +1,12 @@
 #include "CPropDrawingCmdExecuted.h"
 
-#include "MementoSwap.h"
 #include "app/VELD.h"
 #include "factory/Scopes.h"
+#include "ulo/Memento.h"
 
 namespace veld5 {
+
+using ulo::SwapMemento;
 
 namespace {
 veld::CDrawing* setAt(const veld::CHandleObjectVectorCollection& c, unsigned i) {

@@ -1,10 +1,12 @@
 #include "CPropStyleCmdExecuted.h"
 
-#include "MementoSwap.h"
 #include "app/VELD.h"
 #include "factory/Scopes.h"
+#include "ulo/Memento.h"
 
 namespace veld5 {
+
+using ulo::SwapMemento;
 
 CPropStyleCmdExecuted::CPropStyleCmdExecuted(CVELD* cad, veld::CStyle* newCurrent,
                                              const veld::CHandleObjectVectorCollection& created,
