@@ -35,9 +35,8 @@ private:
 
 }  // namespace
 
-DrawingHost::DrawingHost(IVELDDlgFactory* factory)
-    : factory_(factory),
-      cad_(std::make_unique<CVELD>()),
+DrawingHost::DrawingHost()
+    : cad_(std::make_unique<CVELD>()),
       view_(std::make_unique<CVELDView>(cad_.get())) {}
 
 DrawingHost::~DrawingHost() = default;

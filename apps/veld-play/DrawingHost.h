@@ -7,14 +7,13 @@
 
 #include "PlayHost.h"
 
-class IVELDDlgFactory;
 class CVELDView;
 
 namespace veldplay {
 
 class DrawingHost : public PlayHost {
 public:
-    explicit DrawingHost(IVELDDlgFactory* factory);
+    DrawingHost();
     ~DrawingHost() override;
     DrawingHost(const DrawingHost&) = delete;
     DrawingHost& operator=(const DrawingHost&) = delete;
@@ -30,7 +29,6 @@ private:
     QString Select(const std::vector<Word>& words);
     QString Angles(const std::vector<Word>& words);
 
-    IVELDDlgFactory* factory_;
     QString password_;
     std::unique_ptr<CVELD> cad_;
     std::unique_ptr<CVELDView> view_;  // goes before the CAD instance it is attached to

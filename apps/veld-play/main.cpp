@@ -81,7 +81,7 @@ int main(int argc, char** argv) {
 
     IVELDDlgFactory* factory = CreateFactory();
     QTextStream out(stdout);
-    veldplay::DrawingHost host(factory);
+    veldplay::DrawingHost host;
     QString error;
     if (!host.Open(drawing, sample, password, error)) {
         const QJsonObject event{{QStringLiteral("event"), QStringLiteral("error")},

@@ -86,7 +86,7 @@ PlayRun play(DrawingHost& host, const QString& script) {
 }
 
 PlayRun play(const QString& script) {
-    DrawingHost host(CreateFactory());
+    DrawingHost host;
     return play(host, script);
 }
 }  // namespace
@@ -199,7 +199,7 @@ namespace {
 
 /// A host with the sample drawing open.
 struct SampleHost {
-    DrawingHost host{CreateFactory()};
+    DrawingHost host;
     SampleHost() {
         QString error;
         EXPECT_TRUE(host.Open(QString(), true, QString(), error)) << error.toStdString();
@@ -361,7 +361,7 @@ TEST(VeldPlayDrawing, SaveThenOpenGivesTheSameDrawing) {
     EXPECT_EQ(d[0], d[1]);  // the later changes are gone and nothing is selected
 
     // Another host, starting empty, opens the same drawing.
-    DrawingHost other(CreateFactory());
+    DrawingHost other;
     const PlayRun second = play(other, QStringLiteral("open \"%1\"\ndump drawing\n").arg(file));
     EXPECT_EQ(second.errors, 0);
     ASSERT_EQ(dumps(second).size(), 1u);
@@ -424,7 +424,7 @@ TEST(VeldPlayCommandLine, DrawingOptions) {
     const QString sealed = sealedSample(dir, sealedDump);
     SampleHost sample;
     QJsonObject sampleDump = dumpOf(sample.CAD());
-    QJsonObject emptyDump = dumpOf(*DrawingHost(CreateFactory()).GetCAD());
+    QJsonObject emptyDump = dumpOf(*DrawingHost().GetCAD());
     const QString odd = dir.filePath(QStringLiteral("say \"hi\"\\.vld"));
 
     struct {
