@@ -2,9 +2,9 @@
 // CEntCollection: an ordered list of entities holding one reference on each
 // (the selection, the texts a dialog hands back). CEntTable: the drawing's own
 // entities, in drawing order, each given a handle when it enters.
-#include <vector>
 
 #include "Ent.h"
+#include "HandleObjectVectorCollection.h"
 
 namespace veld {
 
@@ -13,20 +13,19 @@ public:
     CEntCollection() = default;
     CEntCollection(const CEntCollection&) = delete;
     CEntCollection& operator=(const CEntCollection&) = delete;
-    ~CEntCollection() { RemoveAllEnts(); }
 
-    unsigned GetNoEnts() const { return static_cast<unsigned>(ents_.size()); }
-    CEnt* GetEnt(unsigned i) const { return i < ents_.size() ? ents_[i] : nullptr; }
+    unsigned GetNoEnts() const { return ents_.GetNoElems(); }
+    CEnt* GetEnt(unsigned i) const { return static_cast<CEnt*>(ents_.GetObjectNo(i)); }
     /// Appends @p ent and takes a reference on it.
-    void AddEnt(CEnt* ent);
+    void AddEnt(CEnt* ent) { ents_.Add(ent); }
     /// Removes @p ent and releases the reference; false when absent.
-    bool RemoveEnt(const CEnt* ent);
-    bool Contains(const CEnt* ent) const;
-    void Reserve(unsigned n) { ents_.reserve(n); }
-    void RemoveAllEnts();
+    bool RemoveEnt(const CEnt* ent) { return ents_.Remove(ent); }
+    bool Contains(const CEnt* ent) const { return ents_.IsInserted(ent); }
+    void Reserve(unsigned n) { ents_.Reserve(n); }
+    void RemoveAllEnts() { ents_.RemoveAll(); }
 
 private:
-    std::vector<CEnt*> ents_;
+    CHandleObjectVectorCollection ents_;
 };
 
 class CEntTable : public CEntCollection {

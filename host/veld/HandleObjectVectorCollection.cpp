@@ -29,7 +29,7 @@ void CHandleObjectVectorCollection::Add(ulo::IHandledRefCounter* object) {
     items_.push_back(object);
 }
 
-bool CHandleObjectVectorCollection::Remove(ulo::IHandledRefCounter* object) {
+bool CHandleObjectVectorCollection::Remove(const ulo::IHandledRefCounter* object) {
     const auto it = std::find(items_.begin(), items_.end(), object);
     if (it == items_.end())
         return false;

@@ -18,8 +18,9 @@ public:
     /// IsInserted first).
     void Add(ulo::IHandledRefCounter* object);
     /// Removes @p object and releases the collection's reference.
-    bool Remove(ulo::IHandledRefCounter* object);
+    bool Remove(const ulo::IHandledRefCounter* object);
     void RemoveAll();
+    void Reserve(unsigned n) { items_.reserve(n); }
     unsigned GetNoElems() const { return static_cast<unsigned>(items_.size()); }
     ulo::IHandledRefCounter* GetObjectNo(unsigned index) const {
         return index < items_.size() ? items_[index] : nullptr;
