@@ -156,6 +156,8 @@ TEST(DrawingFile, LoadingTheSameFileTwiceGivesTheSameObjectsInTableOrder) {
     EXPECT_EQ(other.GetData()->GetLayerTable().GetNo(1)->GetName(), L"0");
 }
 
+// The order of the questions is the sealed file reader's (tests/veld); here:
+// what a refusal tells the user, and that it never yields a drawing.
 TEST(DrawingFile, PasswordQuestionsComeInOrderAndAWrongPasswordNeverOpens) {
     QTemporaryDir dir;
     CVELD cad;
@@ -172,10 +174,8 @@ TEST(DrawingFile, PasswordQuestionsComeInOrderAndAWrongPasswordNeverOpens) {
         const char* message;
     } cases[] = {
         {{L"right"}, true, true, "ask ", ""},
-        {{L"wrong", L"right"}, true, true, "ask retry ask ", ""},
         {{L"wrong"}, false, false, "ask retry ", "wrong password"},
         {{nullptr}, true, false, "ask ", "no password was given"},
-        {{L"wrong", nullptr}, true, false, "ask retry ask ", "no password was given"},
     };
     for (const auto& c : cases) {
         CVELD target;
