@@ -36,13 +36,15 @@ const char* const kReasons[] = {"invalid alignment code",
 class Reporter : public veld::CLtypeLoader::IErrorNotifier {
 public:
     Reporter(veld::CData& data, bool strict) : data_(data), strict_(strict) {}
+    /// Where the rejections go: the output of "check", standard error
+    /// otherwise, so that "list" prints nothing but its listing.
+    std::ostream* out = &std::cerr;
     void NotifyLoadError(const ulo::WString& file, unsigned line, const ulo::WString& name,
                          int code) override {
         ++rejected;
         const char* reason = (code >= 1 && code <= 7) ? kReasons[code - 1] : kReasons[1];
-        std::cout << "Definition of " << name.ToQString().toStdString()
-                  << " is not correct on line " << line << " in file "
-                  << file.ToQString().toStdString() << ": " << reason << "\n";
+        *out << "Definition of " << name.ToQString().toStdString() << " is not correct on line "
+             << line << " in file " << file.ToQString().toStdString() << ": " << reason << "\n";
     }
     veld::CStyle* GetUndefinedStyle(const ulo::WString&) override {
         return strict_ ? nullptr : veld::GetStyleStandard(&data_);
@@ -122,6 +124,7 @@ int main(int argc, char** argv) {
     if (command == QLatin1String("check")) {
         if (args.isEmpty() || json)
             return usage("check needs one or more files");
+        reporter.out = &std::cout;
         bool unopened = false;
         for (const QString& file : args)
             unopened |= !load(file);

@@ -1,9 +1,8 @@
 #include "VELD.h"
 
 #include <algorithm>
-#include <cwchar>
-#include <cwctype>
 
+#include "ulo/NumberText.h"
 #include "veld/Colors.h"
 #include "veld/EntCollection.h"
 
@@ -23,8 +22,7 @@ bool globalColorSelected = true;
 }  // namespace
 
 CVELD::CVELD()
-    : data_(std::make_unique<veld::CData>()),
-      selection_(std::make_unique<veld::CEntCollection>()) {
+    : data_(std::make_unique<veld::CData>()), selection_(std::make_unique<veld::CEntCollection>()) {
     SetCurrentItems(veld::FindLayer(data_.get(), L"0"), data_->GetLtypeTable().GetLtypeByLayer(),
                     data_->GetStyleTable().GetStyleStandard());
     UpdateAngleConverter();
@@ -354,17 +352,11 @@ void redrawAllViews(CVELD& cad) {
 bool not_numeric_input(const wchar_t* text) {
     if (!text)
         return true;
-    // Only plain decimal notation counts: wcstod alone would also take "inf",
-    // "nan" and hexadecimal numbers.
-    for (const wchar_t* p = text; *p; ++p) {
-        if (std::iswalpha(static_cast<wint_t>(*p)) && *p != L'e' && *p != L'E')
-            return true;
-    }
-    wchar_t* end = nullptr;
-    std::wcstod(text, &end);
-    if (end == text)
+    // One decimal number and blanks around it, nothing else ("inf", "nan" and
+    // hexadecimal are not numbers).
+    const std::wstring_view t(text);
+    const ulo::NumberScan scan = ulo::ScanNumber(t);
+    if (scan.length == 0)
         return true;
-    while (*end && std::iswspace(static_cast<wint_t>(*end)))
-        ++end;
-    return *end != L'\0';
+    return t.find_first_not_of(L" \t\r\n\v\f", scan.length) != std::wstring_view::npos;
 }

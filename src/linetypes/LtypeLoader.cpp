@@ -4,7 +4,7 @@
 
 #include <QFile>
 #include <algorithm>
-#include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cwchar>
 #include <cwctype>
@@ -101,28 +101,15 @@ private:
     std::size_t cursor_;
 };
 
-/// The number a field starts with (0 when none), as the toolkit's wtof reads it.
-/// Plain decimal numbers ("-0.25", "12", "1.5e3") take a fast exact path; any
-/// other text (blanks, "+", hexadecimal, "inf") goes to wtof itself.
-double fieldNumber(std::wstring_view field) {
-    const std::size_t n = std::min<std::size_t>(field.size(), 63);
-    char narrow[64];
-    bool plain = n > 0;
-    for (std::size_t i = 0; i < n && plain; ++i) {
-        const wchar_t c = field[i];
-        plain = (c >= L'0' && c <= L'9') || c == L'-' || c == L'.' || c == L'e' || c == L'E';
-        narrow[i] = static_cast<char>(c);
-    }
-    if (plain && narrow[0] != 'e' && narrow[0] != 'E') {
-        double v = 0.0;
-        const auto r = std::from_chars(narrow, narrow + n, v);
-        if (r.ec == std::errc() && r.ptr == narrow + n)
-            return v;
-    }
-    wchar_t buf[64];
-    std::wmemcpy(buf, field.data(), n);
-    buf[n] = L'\0';
-    return ulo::wtof(buf);
+/// The number a field starts with (0 when none), read in full whatever its
+/// length. A number beyond the range of a double makes the definition invalid:
+/// no infinity enters a drawing.
+template <class Fail>
+double fieldNumber(std::wstring_view field, const Fail& fail) {
+    const ulo::NumberScan scan = ulo::ScanNumber(field);
+    if (scan.outOfRange)
+        fail(2);
+    return scan.value;
 }
 
 /// The elements a pattern line holds: its fields after "A", a bracketed text
@@ -159,10 +146,14 @@ std::FILE* openFile(const wchar_t* path, const char* mode) {
     return std::fopen(local.constData(), mode);
 }
 
+/// A text element's value: six decimals as "%f" writes them, but magnitudes
+/// where six decimals add nothing in their shortest exact form ("1e+55"), so
+/// every value reads back the same and four of them stay far below the
+/// element's 1024 characters.
 std::wstring formatNumber(double v) {
-    char buf[64];
-    std::snprintf(buf, sizeof buf, "%f", v);
-    return std::wstring(buf, buf + std::strlen(buf));
+    if (std::fabs(v) >= 1e15)
+        return ulo::ExactText(v);
+    return ulo::CStringDaDouble(v, 0, 6).str();
 }
 
 /// Cuts a formatted piece to the formatting buffer (1023 characters).
@@ -227,7 +218,7 @@ CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
         if (field.empty())
             fail(2);
         if (field[0] != L'[') {
-            const double v = fieldNumber(field);
+            const double v = fieldNumber(field, fail);
             if (seq.GetNoDashes() == 0 && v < 0)
                 fail(6);
             seq.AddDashDouble(v);
@@ -261,7 +252,7 @@ CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
         while (keys.Next(key)) {
             if (key.size() < 3 || key[1] != L'=')
                 fail(2);
-            const double v = fieldNumber(key.substr(2));
+            const double v = fieldNumber(key.substr(2), fail);
             ulo::geom::PNT_3D p = text.GetPoint();
             switch (std::towupper(static_cast<std::wint_t>(key[0]))) {
                 case L'S':
@@ -306,7 +297,8 @@ int CLtypeLoader::Load(const wchar_t* path) {
             // The reader's buffer holds one line at a time: take the header's
             // parts before reading the pattern line.
             const std::wstring* line = &reader.Next();
-            while ((*line)[0] != L'*') line = &reader.Next();
+            while ((*line)[0] != L'*')
+                line = &reader.Next();
             const std::wstring& header = *line;
             const std::size_t comma = header.find(L',');
             ulo::WString name(std::wstring_view(header).substr(

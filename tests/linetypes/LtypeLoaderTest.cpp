@@ -72,6 +72,8 @@ TEST_P(RejectedDefinition, IsReportedWithItsLineAndCode) {
     EXPECT_EQ(loader.GetNoLtypes(), c.loaded) << c.what;
 }
 
+const std::string kFourHundredDigits = "*D\nA,1," + std::string(400, '9') + "\n";
+
 INSTANTIATE_TEST_SUITE_P(
     Codes, RejectedDefinition,
     ::testing::Values(
@@ -88,7 +90,11 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"no closing ]", "*T\nA,1,[\"GAS\",STANDARD,S=1\n", {2, L"T", 2}, 0},
         BadCase{"key without =", "*T\nA,1,[\"GAS\",STANDARD,S],-1\n", {2, L"T", 2}, 0},
         BadCase{"unknown style", "*T\nA,1,[\"GAS\",NOSUCH],-1\n", {2, L"T", 3}, 0},
-        BadCase{"comments count", ";; c\n\n;; c\n  \n*L1,x\n\t\nA,1,-1,\n", {7, L"L1", 2}, 0}));
+        BadCase{"comments count", ";; c\n\n;; c\n  \n*L1,x\n\t\nA,1,-1,\n", {7, L"L1", 2}, 0},
+        // No infinity enters a drawing: a number beyond a double's range is invalid.
+        BadCase{"number out of range", "*BIG\nA,1,-1e400\n*OK\nA,1,-1\n", {2, L"BIG", 2}, 1},
+        BadCase{"key out of range", "*T\nA,1,[\"G\",STANDARD,S=1e999],-1\n", {2, L"T", 2}, 0},
+        BadCase{"400 digits", kFourHundredDigits.c_str(), {2, L"D", 2}, 0}));
 
 TEST_F(LoaderTest, FilesWithoutDefinitionsOrWithATrailingHeader) {
     Recorder rec;
@@ -135,19 +141,27 @@ TEST_F(LoaderTest, TextElementKeysAndTheCharacterAfterTheBracket) {
 TEST_F(LoaderTest, NumbersReadAsTheToolkitReadsThem) {
     // Each field is read from its start as far as it forms a number; the
     // loader's fast path for plain decimals must agree with that everywhere.
+    const std::string longZero = "-0." + std::string(70, '0') + "1";
+    const std::string longNumber = "1" + std::string(300, '0');
     const struct {
-        const char* field;
+        std::string field;
         double value;
     } cases[] = {
-        {"1.5", 1.5},       {"-0.25", -0.25},  {".5", 0.5},      {"2.", 2.0},
-        {"1e2", 100.0},     {"-1.5E-1", -0.15}, {" 3", 3.0},     {"+4", 4.0},
-        {"0x10", 16.0},     {"7abc", 7.0},      {"1e", 1.0},      {"-", 0.0},
-        {"e5", 0.0},        {"--2", 0.0},       {"1-2", 1.0},     {"0.1", 0.1},
+        {"1.5", 1.5},      {"-0.25", -0.25},   {".5", 0.5},         {"2.", 2.0},
+        {"1e2", 100.0},    {"-1.5E-1", -0.15}, {" 3", 3.0},         {"+4", 4.0},
+        {" -0.25", -0.25}, {"+0.5", 0.5},      {"7abc", 7.0},       {"1e", 1.0},
+        {"-", 0.0},        {"e5", 0.0},        {"--2", 0.0},        {"1-2", 1.0},
+        {"0.1", 0.1},      {"0x10", 0.0},      {"inf", 0.0},        {"nan", 0.0},
+        {"1e-400", 0.0},   {longZero, -1e-71}, {longNumber, 1e300},
     };
     for (const auto& c : cases) {
-        loader.Load(Write(QByteArray("*N\nA,1,") + c.field + "\n").c_str());
+        loader.Load(Write(QByteArray("*N\nA,1,") + c.field.c_str() + "\n").c_str());
         ASSERT_EQ(loader.GetNoLtypes(), 1u) << c.field;
         EXPECT_EQ(loader.GetLtypeNo(0)->GetDash(1)->GetDouble(), c.value) << c.field;
+        loader.Load(
+            Write(QByteArray("*T\nA,1,[\"T\",STANDARD,X=") + c.field.c_str() + "],-1\n").c_str());
+        ASSERT_EQ(loader.GetNoLtypes(), 1u) << c.field;
+        EXPECT_EQ(loader.GetLtypeNo(0)->GetDash(1)->GetText()->GetPoint().x, c.value) << c.field;
     }
 }
 
@@ -216,6 +230,32 @@ TEST_F(LoaderTest, SaveAndLoadGiveTheSameLineTypes) {
             EXPECT_NEAR(a->GetDash(k)->GetDouble(), b->GetDash(k)->GetDouble(), 1e-6);
         }
     }
+}
+
+TEST_F(LoaderTest, HugeTextValuesReadBackTheSame) {
+    // Six decimals of 1e300 take 307 characters; four such values would not
+    // fit the element's 1024, and a cut value reads back as another number.
+    loader.Load(
+        Write("*BIG\nA,1,[\"B\",STANDARD,S=1e55,R=-2e300,X=-1e300,Y=123456789012345678],-1\n")
+            .c_str());
+    ASSERT_EQ(loader.GetNoLtypes(), 1u);
+    const std::wstring out = dir.filePath(QStringLiteral("big.lin")).toStdWString();
+    loader.Save(out.c_str());
+    QFile saved(QString::fromStdWString(out));
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    const QByteArray bytes = saved.readAll();
+    const qsizetype open = bytes.indexOf('['), close = bytes.indexOf(']');
+    EXPECT_LT(close - open, 1024) << bytes.constData();
+    CLtypeLoader again(&data.GetStyleTable(),
+                       const_cast<veld::CObjectFactory*>(data.GetObjectFactory()));
+    ASSERT_EQ(again.Load(out.c_str()), 0);
+    ASSERT_EQ(again.GetNoLtypes(), 1u);
+    const veld::TEXT_3D* a = loader.GetLtypeNo(0)->GetDash(1)->GetText();
+    const veld::TEXT_3D* b = again.GetLtypeNo(0)->GetDash(1)->GetText();
+    EXPECT_EQ(b->GetContext().GetHeight(), a->GetContext().GetHeight());
+    EXPECT_DOUBLE_EQ(b->GetContext().GetRotate(), a->GetContext().GetRotate());
+    EXPECT_EQ(b->GetPoint().x, a->GetPoint().x);
+    EXPECT_EQ(b->GetPoint().y, a->GetPoint().y);
 }
 
 TEST_F(LoaderTest, SaveStopsAtACharacterWithNoEightBitForm) {

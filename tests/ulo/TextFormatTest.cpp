@@ -1,8 +1,10 @@
 // Numbers as text, placeholders and translation.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cmath>
 #include <limits>
+#include <string>
 
 #include "ulo/NumberText.h"
 #include "ulo/Xlate.h"
@@ -13,7 +15,7 @@ TEST(NumberText, FixedDecimals) {
     struct {
         double v;
         int decimals;
-        const wchar_t* text;
+        std::wstring text;
     } const rows[] = {
         {1.2345678, 6, L"1.234568"},
         {0.0, 0, L"0"},
@@ -25,22 +27,86 @@ TEST(NumberText, FixedDecimals) {
         {12.34567, 8, L"12.34567000"},
         {std::numeric_limits<double>::quiet_NaN(), 3, L"0.000"},
         {std::numeric_limits<double>::infinity(), 2, L"0.00"},
+        {std::ldexp(1.0, 100), 0, L"1267650600228229401496703205376"},
     };
     for (const auto& r : rows)
         EXPECT_EQ(ulo::CStringDaDouble(r.v, 0, r.decimals), r.text);
 }
 
 TEST(NumberText, ReadingTakesTheLeadingNumberOrZero) {
+    const std::wstring nines(10000, L'9');
+    const std::wstring tiny = L"-0." + std::wstring(70, L'0') + L"1";
+    const std::wstring e300 = L"1" + std::wstring(300, L'0');
+    const double inf = std::numeric_limits<double>::infinity();
     struct {
-        const wchar_t* text;
+        std::wstring text;
         double v;
-    } const rows[] = {{L"12.5", 12.5}, {L"  -3", -3},  {L"12abc", 12}, {L"abc", 0},
-                      {L"", 0},        {L"1e3", 1000}, {L".5", 0.5},   {L"-", 0}};
+        std::size_t length;
+        bool outOfRange;
+    } const rows[] = {
+        {L"12.5", 12.5, 4, false},
+        {L"  -3", -3, 4, false},
+        {L"12abc", 12, 2, false},
+        {L"abc", 0, 0, false},
+        {L"", 0, 0, false},
+        {L"1e3", 1000, 3, false},
+        {L".5", 0.5, 2, false},
+        {L"2.", 2, 2, false},
+        {L"-", 0, 0, false},
+        {L" +0.5", 0.5, 5, false},
+        {L"1,5", 1, 1, false},
+        {L"1e", 1, 1, false},
+        {L"1e+2x", 100, 4, false},
+        // Only decimal notation: no hexadecimal, no words.
+        {L"0x10", 0, 1, false},
+        {L"inf", 0, 0, false},
+        {L"nan", 0, 0, false},
+        {L"-nan", 0, 0, false},
+        // The whole number counts, however long it is.
+        {tiny, -1e-71, tiny.size(), false},
+        {e300, 1e300, e300.size(), false},
+        {L"4e-320", 4e-320, 6, false},
+        {L"1e-400", 0, 6, false},
+        {L"1e309", inf, 5, true},
+        {L"-" + nines, -inf, nines.size() + 1, true},
+        {L"1e99999999999999999999", inf, 22, true},
+    };
     for (const auto& r : rows) {
-        EXPECT_DOUBLE_EQ(ulo::DoubleDaCString(r.text), r.v);
-        EXPECT_DOUBLE_EQ(ulo::wtof(r.text), r.v);
+        const ulo::NumberScan scan = ulo::ScanNumber(r.text);
+        const std::string name = QString::fromStdWString(r.text.substr(0, 30)).toStdString();
+        EXPECT_EQ(scan.value, r.v) << name;
+        EXPECT_EQ(scan.length, r.length) << name;
+        EXPECT_EQ(scan.outOfRange, r.outOfRange) << name;
+        EXPECT_EQ(ulo::DoubleDaCString(r.text), r.v) << name;
+        EXPECT_EQ(ulo::wtof(r.text.c_str()), r.v) << name;
     }
     EXPECT_EQ(ulo::wtof(nullptr), 0.0);
+}
+
+TEST(NumberText, ExactTextReadsBackToTheSameValue) {
+    const double values[] = {0.1, -0.0, 1e55, -1e300, 4e-320, 123456789012345678.0, 2.5};
+    for (const double v : values) {
+        const std::wstring text = ulo::ExactText(v);
+        EXPECT_LE(text.size(), 24u);
+        const double back = ulo::wtof(text.c_str());
+        EXPECT_EQ(back, v) << QString::fromStdWString(text).toStdString();
+        EXPECT_EQ(std::signbit(back), std::signbit(v));
+    }
+    EXPECT_EQ(ulo::ExactText(std::numeric_limits<double>::quiet_NaN()), L"0");
+}
+
+TEST(NumberText, NotationIgnoresTheProcessLocale) {
+    // A Qt program runs in the user's locale; Italian and German write "1,5".
+    const std::string previous = std::setlocale(LC_ALL, nullptr);
+    if (!std::setlocale(LC_ALL, "it_IT.UTF-8") && !std::setlocale(LC_ALL, "de_DE.UTF-8"))
+        GTEST_SKIP() << "no decimal-comma locale on this machine";
+    const WString text = ulo::CStringDaDouble(-1234.5, 0, 3);
+    const double back = ulo::wtof(L"-0.25");
+    const WString value = WString::ValueOf(1.5, 6);
+    std::setlocale(LC_ALL, previous.c_str());
+    EXPECT_EQ(text, L"-1234.500");
+    EXPECT_EQ(back, -0.25);
+    EXPECT_EQ(value, L"1.5");
 }
 
 TEST(NumberText, ValueOfDropsTrailingZeros) {

@@ -1,0 +1,86 @@
+// veld-lin as its users run it, in a decimal-comma locale where the machine
+// has one: files keep the "C" notation and standard output holds only what
+// the command promises.
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <clocale>
+#include <string>
+
+namespace {
+
+struct ToolRun {
+    int status = -1;
+    QByteArray out, err;
+};
+
+/// The locale the tool runs in: Italian when the machine has it.
+QString commaLocale() {
+    const std::string previous = std::setlocale(LC_ALL, nullptr);
+    const bool italian = std::setlocale(LC_ALL, "it_IT.UTF-8") != nullptr;
+    std::setlocale(LC_ALL, previous.c_str());
+    return italian ? QStringLiteral("it_IT.UTF-8") : QString();
+}
+
+ToolRun veldLin(const QStringList& args) {
+    QProcess p;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    if (const QString locale = commaLocale(); !locale.isEmpty())
+        env.insert(QStringLiteral("LC_ALL"), locale);
+    p.setProcessEnvironment(env);
+    p.start(QStringLiteral(VELD_LIN_EXE), args);
+    ToolRun r;
+    if (!p.waitForFinished(60000))
+        return r;
+    r.status = p.exitCode();
+    r.out = p.readAllStandardOutput();
+    r.err = p.readAllStandardError();
+    return r;
+}
+
+QByteArray readAll(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+}  // namespace
+
+TEST(VeldLin, ConvertWritesTheCNotationAndRoundTripsExactly) {
+    QTemporaryDir dir;
+    const QString in = dir.filePath(QStringLiteral("in.lin"));
+    const QString once = dir.filePath(QStringLiteral("once.lin"));
+    const QString twice = dir.filePath(QStringLiteral("twice.lin"));
+    QFile f(in);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(
+        "*D,dashes, dots\nA,1.5,-0.25, -0.25,+0.5,0\n"
+        "*T\nA,1,[\"G\",STANDARD,S=2.5,R=90,X=-1,Y=1e55],-1\n");
+    f.close();
+    ASSERT_EQ(veldLin({QStringLiteral("convert"), in, once}).status, 0);
+    EXPECT_EQ(readAll(once),
+              QByteArray("*D,dashes, dots\r\nA,1.5,-0.25,-0.25,0.5,0\r\n*T,\r\n"
+                         "A,1,[\"G\",STANDARD,S=2.500000,R=90.000000,X=-1.000000,Y=1e+55],-1\r\n"));
+    ASSERT_EQ(veldLin({QStringLiteral("convert"), once, twice}).status, 0);
+    EXPECT_EQ(readAll(twice), readAll(once));
+}
+
+TEST(VeldLin, ListingIsAloneOnStandardOutput) {
+    QTemporaryDir dir;
+    const QString in = dir.filePath(QStringLiteral("mixed.lin"));
+    QFile f(in);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("*BAD\nA,-1,1\n*GOOD,fine\nA,0.5,-0.5\n");
+    f.close();
+    const ToolRun r = veldLin({QStringLiteral("list"), in, QStringLiteral("--json")});
+    EXPECT_EQ(r.status, 1);
+    QJsonParseError error{};
+    const QJsonDocument doc = QJsonDocument::fromJson(r.out, &error);
+    ASSERT_EQ(error.error, QJsonParseError::NoError) << r.out.constData();
+    ASSERT_EQ(doc.array().size(), 1);
+    EXPECT_EQ(doc.array().at(0)[QStringLiteral("elements")].toArray().at(0).toDouble(), 0.5);
+    EXPECT_TRUE(r.err.contains("Definition of BAD is not correct on line 2")) << r.err.constData();
+}
