@@ -11,10 +11,12 @@ constexpr unsigned kValueNotZero = 11553;
 constexpr unsigned kWarning = 11556;
 constexpr unsigned kSelectRotationType = 11610;
 constexpr unsigned kWrongPasswordRetry = 11706;
+/// A typed number beyond the range of a double ("1e309", 400 digits).
+constexpr unsigned kValueOutOfRange = 11707;
 
 inline constexpr unsigned kLoadedStringIds[] = {
     kError,   kValueNotNegative,   kValueNotPositive,   kValueNotZero,
-    kWarning, kSelectRotationType, kWrongPasswordRetry,
+    kWarning, kSelectRotationType, kWrongPasswordRetry, kValueOutOfRange,
 };
 
 }  // namespace veld5::ids

@@ -159,6 +159,7 @@ const ulo::StringEntry kStrings[] = {
     {11706,
      L"The password you entered is not the one used for the encryption of the drawing. \n\nDo you "
      L"want to try again with a new password?"},
+    {11707, L"The value is out of range"},
 };
 }  // namespace
 

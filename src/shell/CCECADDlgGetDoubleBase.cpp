@@ -1,5 +1,7 @@
 #include "CCECADDlgGetDoubleBase.h"
 
+#include <cmath>
+
 #include "DialogIds.h"
 #include "ResString.h"
 #include "res/StringIds.h"
@@ -42,6 +44,8 @@ void CCECADDlgGetDoubleBase::OnOK() {
         message = ids::kValueNotZero;
     else if (value_ > 0 && !allowPositive_)
         message = ids::kValueNotPositive;
+    else if (!std::isfinite(value_))
+        message = ids::kValueOutOfRange;  // a number too large for a double never leaves
     if (message) {
         ShowMessageBox(this, ids::kWarning, message, ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
         return;

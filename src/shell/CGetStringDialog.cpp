@@ -34,7 +34,10 @@ BOOL CGetStringDialog::OnInitDialog() {
 }
 
 void CGetStringDialog::OnOK() {
-    const QString text = GetDlgItemText(kIdText).left(kMaxLength);
+    QString text = GetDlgItemText(kIdText).left(kMaxLength);
+    // The cut never leaves half of a character made of two UTF-16 units.
+    if (text.size() == kMaxLength && text.back().isHighSurrogate())
+        text.chop(1);
     if (!text.isEmpty())
         *result_ = ulo::WString::FromQString(text);
     CExDialog::OnOK();

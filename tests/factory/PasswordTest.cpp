@@ -24,22 +24,34 @@ protected:
 }  // namespace
 
 TEST_F(PasswordRequest, TypedLettersAreMaskedAndStoredAsCapitals) {
-    ScriptedUser user;
-    bool masked = false;
-    QString shown;
-    user.Type(kField, QStringLiteral("Secret7"));
-    user.Inspect([&](QWidget* w) {
-        auto* e = static_cast<QLineEdit*>(ulo::FindControl(w, kField));
-        masked = e->echoMode() == QLineEdit::Password;
-        shown = e->text();
-    });
-    user.Click(kOk);
-    ulo::WString password;
-    EXPECT_TRUE(request->RequestPassword(password, L"plan.veld"));
-    ExpectFinished(user);
-    EXPECT_TRUE(masked);
-    EXPECT_EQ(shown, QStringLiteral("SECRET7"));
-    EXPECT_EQ(password, L"SECRET7");
+    const struct {
+        QString typed;
+        QString stored;
+    } rows[] = {
+        {QStringLiteral("Secret7"), QStringLiteral("SECRET7")},
+        // Letters whose capitals are longer keep the cursor after them.
+        {QStringLiteral("\u00dfe"), QStringLiteral("SSE")},
+        {QStringLiteral("stra\u00dfe 1"), QStringLiteral("STRASSE 1")},
+        {QStringLiteral("\ufb00x\u0149y"), QStringLiteral("FFX\u02bcNY")},
+    };
+    for (const auto& r : rows) {
+        ScriptedUser user;
+        bool masked = false;
+        QString shown;
+        user.Type(kField, r.typed);
+        user.Inspect([&](QWidget* w) {
+            auto* e = static_cast<QLineEdit*>(ulo::FindControl(w, kField));
+            masked = e->echoMode() == QLineEdit::Password;
+            shown = e->text();
+        });
+        user.Click(kOk);
+        ulo::WString password;
+        EXPECT_TRUE(request->RequestPassword(password, L"plan.veld"));
+        ExpectFinished(user);
+        EXPECT_TRUE(masked);
+        EXPECT_EQ(shown, r.stored);
+        EXPECT_EQ(password.ToQString(), r.stored);
+    }
 }
 
 TEST_F(PasswordRequest, OkIsEnabledUntilTheFieldFirstBecomesEmpty) {

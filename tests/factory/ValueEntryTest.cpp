@@ -25,7 +25,7 @@ class GetDoubleSignRule : public FactoryTest, public ::testing::WithParamInterfa
 TEST_P(GetDoubleSignRule, RefusesWithItsMessageOrReturnsTheNumber) {
     const SignCase c = GetParam();
     ScriptedUser user;
-    user.SetText(kValue, QString::fromLatin1(c.input)).Click(kOk);
+    user.SetText(kValue, QString::fromUtf8(c.input)).Click(kOk);
     if (c.refusal)
         user.Answer(ulo::IDOK).Click(kCancel);
     double value = 12.5;
@@ -58,7 +58,17 @@ INSTANTIATE_TEST_SUITE_P(
                       SignCase{false, false, false, "7", "The value can not be positive", 0},
                       // Text that is no number reads as 0 and meets the zero rule.
                       SignCase{true, false, true, "abc", "The value can not be zero", 0},
-                      SignCase{true, true, true, "12abc", nullptr, 12}));
+                      SignCase{true, true, true, "12abc", nullptr, 12},
+                      // "nan" and "inf" are no numbers either; a number beyond
+                      // the range of a double meets the sign rule, then is refused.
+                      SignCase{false, false, false, "nan", "The value can not be zero", 0},
+                      SignCase{true, true, true, "-inf", nullptr, 0},
+                      SignCase{true, true, false, "1e309", "The value can not be positive", 0},
+                      SignCase{false, true, true, "-1e309", "The value can not be negative", 0},
+                      SignCase{true, true, true, "1e309", "The value is out of range", 0},
+                      // A decimal comma, and digits of other scripts, read as typed.
+                      SignCase{true, true, true, "1,5", nullptr, 1.5},
+                      SignCase{true, true, true, "\u0663\u066b\u0661\u0664", nullptr, 3.14}));
 
 TEST_F(FactoryTest, GetDoubleOpensOnZeroWithTheTitleAsPrompt) {
     ScriptedUser user;
@@ -104,9 +114,11 @@ TEST_P(RotateType, ReturnsTheCodeOfTheSelectedTypeAndTheNumber) {
     const RotateCase c = GetParam();
     ScriptedUser user;
     bool enabledAtStart = false, presetChecked = false, enabledAfter = false;
+    QString presetLabel;
     user.Inspect([&](QWidget* w) {
         enabledAtStart = ulo::FindControl(w, kValue)->isEnabled();
         presetChecked = static_cast<CWSizeDialog*>(w)->IsDlgButtonChecked(11206);
+        presetLabel = static_cast<CWSizeDialog*>(w)->GetDlgItemText(11206);
     });
     user.SetText(kValue, QStringLiteral("30"));
     if (c.typeButton)
@@ -118,6 +130,7 @@ TEST_P(RotateType, ReturnsTheCodeOfTheSelectedTypeAndTheNumber) {
     ExpectFinished(user);
     EXPECT_TRUE(enabledAtStart);
     EXPECT_TRUE(presetChecked);
+    EXPECT_EQ(presetLabel, QStringLiteral("Rotation angle specification"));
     EXPECT_EQ(enabledAfter, c.fieldEnabled);
     EXPECT_EQ(angle, 30.0);  // a disabled field keeps its text, which is still read
     ASSERT_FALSE(user.Dialogs().empty());
@@ -176,13 +189,23 @@ TEST_F(FactoryTest, GetStringKeepsTextWhenFieldEmptyOrCancelled) {
 }
 
 TEST_F(FactoryTest, GetStringCutsLongEntriesTo511Characters) {
-    const QString text = QString(600, QLatin1Char('x'));
-    ScriptedUser user;
-    user.SetText(11212, text).Click(kOk);
-    ulo::WString result;
-    EXPECT_TRUE(factory->ShowDlgGetString(nullptr, L"t", L"p", result));
-    ExpectFinished(user);
-    EXPECT_EQ(result.Length(), 511u);
+    const QString x510(510, QLatin1Char('x'));
+    const struct {
+        QString typed;
+        QString kept;
+    } rows[] = {
+        {QString(600, QLatin1Char('x')), QString(511, QLatin1Char('x'))},
+        // An emoji across the cut is dropped whole, never split in half.
+        {x510 + QStringLiteral("\U0001F4D0y"), x510},
+    };
+    for (const auto& r : rows) {
+        ScriptedUser user;
+        user.SetText(11212, r.typed).Click(kOk);
+        ulo::WString result;
+        EXPECT_TRUE(factory->ShowDlgGetString(nullptr, L"t", L"p", result));
+        ExpectFinished(user);
+        EXPECT_EQ(result.ToQString(), r.kept);
+    }
 }
 
 TEST_F(FactoryTest, TwoFactoriesAreDistinctAndBehaveAlike) {

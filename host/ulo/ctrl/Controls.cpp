@@ -107,8 +107,34 @@ void CCEBaseKeybEdit::keyPressEvent(QKeyEvent* event) {
     QLineEdit::keyPressEvent(event);
 }
 
+QValidator::State CUppercaseValidator::validate(QString& input, int& pos) const {
+    const QString before = input.left(pos).toUpper();
+    input = before + input.mid(pos).toUpper();
+    pos = static_cast<int>(before.size());
+    return Acceptable;
+}
+
+namespace {
+/// Turns what a keyboard of any locale types into the "C" notation numbers
+/// are read in; the length never changes, so the cursor stays.
+class NumberNotationValidator : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString& input, int&) const override {
+        for (QChar& c : input) {
+            if (c == QLatin1Char(',') || c == QChar(0x066B))
+                c = QLatin1Char('.');
+            else if (c.unicode() > 0x7F && c.isDigit())
+                c = QLatin1Char(static_cast<char>('0' + c.digitValue()));
+        }
+        return Acceptable;
+    }
+};
+}  // namespace
+
 CCEEditKeybNum::CCEEditKeybNum(QWidget* parent) : CCEBaseKeybEdit(parent) {
     setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+    setValidator(new NumberNotationValidator(this));
 }
 
 CCEEditKeybTxt::CCEEditKeybTxt(QWidget* parent) : CCEBaseKeybEdit(parent) {

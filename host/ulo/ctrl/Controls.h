@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
+#include <QValidator>
 
 #include "ulo/WString.h"
 
@@ -79,7 +80,19 @@ private:
     void* keyboard_ = nullptr;
 };
 
-/// Number entry: numeric keyboard hints.
+/// Keeps every letter of an edit a capital as it is typed (ES_UPPERCASE).
+/// The cursor stays after what was typed, also where a letter grows ("ß"
+/// becomes "SS").
+class CUppercaseValidator : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString& input, int& pos) const override;
+};
+
+/// Number entry: numeric keyboard hints. The field shows what will be read:
+/// numbers are read in the "C" notation, so a decimal comma typed on a
+/// keyboard of the user's locale (',' or the Arabic U+066B) becomes '.',
+/// and digits of other scripts become 0 to 9 ("1,5" reads as 1.5, not as 1).
 class CCEEditKeybNum : public CCEBaseKeybEdit {
     Q_OBJECT
 public:

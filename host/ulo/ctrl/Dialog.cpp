@@ -7,7 +7,6 @@
 #include <QListWidget>
 #include <QScrollBar>
 #include <QTabBar>
-#include <QValidator>
 #include <cmath>
 
 #include "ulo/ResourceModule.h"
@@ -64,16 +63,6 @@ std::function<void(QWidget*)>& helpHandler() {
     static std::function<void(QWidget*)> h;
     return h;
 }
-
-/// Stores every letter typed as a capital (ES_UPPERCASE).
-class UppercaseValidator : public QValidator {
-public:
-    using QValidator::QValidator;
-    State validate(QString& input, int&) const override {
-        input = input.toUpper();
-        return Acceptable;
-    }
-};
 }  // namespace
 
 void SetHelpCommandHandler(std::function<void(QWidget*)> handler) {
@@ -184,7 +173,7 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
                 if (ctrl.style & kPassword)
                     e->setEchoMode(QLineEdit::Password);
                 if (ctrl.style & kUppercase)
-                    e->setValidator(new UppercaseValidator(e));
+                    e->setValidator(new CUppercaseValidator(e));
                 if (ctrl.style & kReadOnly)
                     e->setReadOnly(true);
                 w = e;

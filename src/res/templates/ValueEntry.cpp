@@ -76,7 +76,7 @@ const CtrlTemplate c11068[] = {
      {{14, 36, 112, 12}, {14, 44, 112, 14}, {14, 31, 112, 12}, {14, 31, 150, 12}}},
     {11206,
      CtrlKind::RadioButton,
-     L"Rotation by angle value",
+     L"Rotation angle specification",
      0,
      {{14, 52, 116, 12}, {14, 64, 116, 14}, {14, 46, 114, 12}, {14, 46, 150, 12}}},
     {kStaticId,
