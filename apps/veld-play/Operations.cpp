@@ -19,14 +19,14 @@ const QMap<QString, Operation>& Operations() {
                  nullptr, title.c_str(), value, c.Flag(QStringLiteral("allowNegative"), true),
                  c.Flag(QStringLiteral("allowZero"), true),
                  c.Flag(QStringLiteral("allowPositive"), true));
-             c.out.insert(QStringLiteral("value"), value);
+             c.numbers.insert(QStringLiteral("value"), value);
              return static_cast<int>(r);
          }},
         {QStringLiteral("ShowDlgRotate"),
          [](OperationCall& c) -> QJsonValue {
              double angle = c.Number(QStringLiteral("angle"), 0.0);
              const long r = c.factory->ShowDlgRotate(nullptr, angle);
-             c.out.insert(QStringLiteral("angle"), angle);
+             c.numbers.insert(QStringLiteral("angle"), angle);
              return static_cast<int>(r);
          }},
         {QStringLiteral("ShowDlgGetString"),

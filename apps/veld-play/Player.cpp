@@ -1,9 +1,11 @@
 #include "Player.h"
 
 #include <QJsonDocument>
+#include <cmath>
 
 #include "PlayHost.h"
 #include "support/ScriptedUser.h"
+#include "ulo/NumberText.h"
 #include "ulo/PalmDevice.h"
 #include "ulo/ctrl/Win.h"
 
@@ -35,8 +37,17 @@ CVELD* OperationCall::CAD() const {
 Player::Player(IVELDDlgFactory* factory, PlayHost* host, QTextStream& out)
     : factory_(factory), host_(host), out_(out) {}
 
-void Player::Print(const QJsonObject& event) {
-    out_ << QString::fromUtf8(QJsonDocument(event).toJson(QJsonDocument::Compact)) << '\n';
+void Player::Print(const QJsonObject& event, const QMap<QString, double>& numbers) {
+    QByteArray line = QJsonDocument(event).toJson(QJsonDocument::Compact);
+    line.chop(1);  // the closing brace: the numbers follow
+    for (auto it = numbers.begin(); it != numbers.end(); ++it) {
+        line += ",\"" + it.key().toLatin1() + "\":";  // the names are plain identifiers
+        line += std::isfinite(it.value())
+                    ? QString::fromStdWString(ulo::ExactText(it.value())).toLatin1()
+                    : QByteArrayLiteral("null");
+    }
+    line += '}';
+    out_ << QString::fromUtf8(line) << '\n';
     out_.flush();
 }
 
@@ -218,7 +229,7 @@ void Player::Call(const Statement& call, const std::vector<Statement>& steps) {
                     {QStringLiteral("result"), result}};
     for (auto it = oc.out.begin(); it != oc.out.end(); ++it)
         ret.insert(it.key(), it.value());
-    Print(ret);
+    Print(ret, oc.numbers);
 }
 
 bool Player::TopLevel(const Statement& s) {

@@ -23,7 +23,10 @@ struct OperationCall {
     PlayHost* host = nullptr;
     QMap<QString, QString> args;
     QJsonObject out;  ///< out-parameters reported with the return event
-    QString error;    ///< set when the arguments are wrong
+    /// Number out-parameters, printed exactly as they are ("-0", "0.1"): a
+    /// JSON value would print -0 as 0.
+    QMap<QString, double> numbers;
+    QString error;  ///< set when the arguments are wrong
 
     double Number(const QString& name, double fallback) const;
     bool Flag(const QString& name, bool fallback) const;
@@ -45,7 +48,7 @@ public:
     int Run(const QString& script);
 
 private:
-    void Print(const QJsonObject& event);
+    void Print(const QJsonObject& event, const QMap<QString, double>& numbers = {});
     void Error(int line, const QString& message);
     /// Runs statements [first, last) as the steps of one call.
     void Call(const Statement& call, const std::vector<Statement>& steps);

@@ -2,6 +2,34 @@
 
 namespace veldplay {
 
+namespace {
+int hexValue(QChar c) {
+    const char16_t u = c.unicode();
+    if (u >= '0' && u <= '9')
+        return u - '0';
+    if (u >= 'a' && u <= 'f')
+        return u - 'a' + 10;
+    if (u >= 'A' && u <= 'F')
+        return u - 'A' + 10;
+    return -1;
+}
+
+/// The value of @p digits hex digits at @p i (advanced past them), or -1.
+long long hexAt(const QString& line, int& i, int digits) {
+    if (i + digits > line.size())
+        return -1;
+    long long v = 0;
+    for (int k = 0; k < digits; ++k) {
+        const int d = hexValue(line[i + k]);
+        if (d < 0)
+            return -1;
+        v = v * 16 + d;
+    }
+    i += digits;
+    return v;
+}
+}  // namespace
+
 std::optional<QString> SplitLine(const QString& line, std::vector<Word>& words) {
     words.clear();
     int i = 0;
@@ -34,14 +62,28 @@ std::optional<QString> SplitLine(const QString& line, std::vector<Word>& words) 
                     if (i >= n)
                         return QStringLiteral("unterminated escape");
                     const QChar e = line[i++];
-                    if (e == QLatin1Char('n'))
+                    if (e == QLatin1Char('n')) {
                         w.text += QLatin1Char('\n');
-                    else if (e == QLatin1Char('t'))
+                    } else if (e == QLatin1Char('t')) {
                         w.text += QLatin1Char('\t');
-                    else if (e == QLatin1Char('"') || e == QLatin1Char('\\'))
+                    } else if (e == QLatin1Char('r')) {
+                        w.text += QLatin1Char('\r');
+                    } else if (e == QLatin1Char('"') || e == QLatin1Char('\\')) {
                         w.text += e;
-                    else
+                    } else if (e == QLatin1Char('u')) {
+                        const long long unit = hexAt(line, i, 4);
+                        if (unit < 0)
+                            return QStringLiteral("\\u needs four hex digits");
+                        w.text += QChar(static_cast<char16_t>(unit));
+                    } else if (e == QLatin1Char('U')) {
+                        const long long cp = hexAt(line, i, 8);
+                        if (cp < 0 || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF))
+                            return QStringLiteral("\\U needs a code point in eight hex digits");
+                        const char32_t c = static_cast<char32_t>(cp);
+                        w.text += QString::fromUcs4(&c, 1);
+                    } else {
                         return QStringLiteral("unknown escape \\%1").arg(e);
+                    }
                 }
                 if (!closed)
                     return QStringLiteral("unterminated text");
@@ -76,6 +118,26 @@ std::vector<Statement> ParseScript(const QString& text, std::vector<ParseError>&
             out.push_back(std::move(s));
     }
     return out;
+}
+
+QString QuoteText(const QString& text) {
+    QString out = QStringLiteral("\"");
+    for (const QChar c : text) {
+        const char16_t u = c.unicode();
+        if (u == '"' || u == '\\')
+            out += QLatin1Char('\\') + c;
+        else if (u == '\n')
+            out += QStringLiteral("\\n");
+        else if (u == '\t')
+            out += QStringLiteral("\\t");
+        else if (u == '\r')
+            out += QStringLiteral("\\r");
+        else if (u >= 0x20 && u < 0x7F)
+            out += c;
+        else
+            out += QStringLiteral("\\u%1").arg(u, 4, 16, QLatin1Char('0'));
+    }
+    return out + QLatin1Char('"');
 }
 
 bool SplitArgument(const QString& word, QString& name, QString& value) {

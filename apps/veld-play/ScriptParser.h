@@ -1,6 +1,8 @@
 #pragma once
 // Parsing of veld-play scripts: one statement a line, words separated by
-// blanks, '#' starts a comment, texts in double quotes with \" \\ \n \t.
+// blanks, '#' starts a comment, texts in double quotes with the escapes \"
+// \\ \n \t \r, \uXXXX (one UTF-16 unit, so lone surrogates too) and
+// \UXXXXXXXX (a code point).
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -28,6 +30,10 @@ struct ParseError {
     QString message;
 };
 std::vector<Statement> ParseScript(const QString& text, std::vector<ParseError>& errors);
+
+/// @p text as a quoted text of the language that reads back exactly:
+/// printable ASCII as it is, everything else escaped.
+QString QuoteText(const QString& text);
 
 /// NAME=VALUE argument split; false when the word has no '='.
 bool SplitArgument(const QString& word, QString& name, QString& value);

@@ -14,6 +14,7 @@
 #include "app/DrawingFile.h"
 #include "app/VELD.h"
 #include "factory/IVELDDlgFactory.h"
+#include "support/HostileTexts.h"
 #include "ulo/PalmDevice.h"
 #include "veld/Ent.h"
 #include "veld/EntCollection.h"
@@ -47,8 +48,27 @@ TEST(ScriptParser, SplitsWordsTextsAndComments) {
     }
 }
 
+TEST(ScriptParser, QuotedTextsHoldAnyTextExactly) {
+    QString error;
+    const QStringList texts = veldtest::HostileTexts(&error);
+    ASSERT_FALSE(texts.isEmpty()) << error.toStdString();
+    for (const QString& text : texts) {
+        const QString line = QStringLiteral("set 11212 ") + QuoteText(text);
+        EXPECT_FALSE(line.contains(QLatin1Char('\n'))) << veldtest::Printable(text).toStdString();
+        std::vector<Word> words;
+        ASSERT_FALSE(SplitLine(line, words)) << veldtest::Printable(text).toStdString();
+        ASSERT_EQ(words.size(), 3u);
+        EXPECT_EQ(words[2].text, text) << veldtest::Printable(text).toStdString();
+    }
+    std::vector<Word> words;
+    ASSERT_FALSE(SplitLine(QStringLiteral("set 1 \"\\U0001F4D0\\u00e9\\r\""), words));
+    EXPECT_EQ(words[2].text, QStringLiteral("\U0001F4D0\u00e9\r"));
+}
+
 TEST(ScriptParser, ReportsBrokenTexts) {
-    for (const char* line : {"type 1 \"open", "type 1 \"bad \\q\"", "type 1 \"end\\"}) {
+    for (const char* line :
+         {"type 1 \"open", "type 1 \"bad \\q\"", "type 1 \"end\\", "type 1 \"\\u12\"",
+          "type 1 \"\\u+123\"", "type 1 \"\\U0000D800\"", "type 1 \"\\U00110000\""}) {
         std::vector<Word> words;
         EXPECT_TRUE(SplitLine(QString::fromLatin1(line), words)) << line;
     }
@@ -56,6 +76,7 @@ TEST(ScriptParser, ReportsBrokenTexts) {
 
 namespace {
 struct PlayRun {
+    QString text;  ///< the output as printed
     std::vector<QJsonObject> events;
     int errors = 0;
     QJsonObject First(const char* kind) const {
@@ -79,6 +100,7 @@ PlayRun play(DrawingHost& host, const QString& script) {
     PlayRun run;
     run.errors = player.Run(script);
     out.flush();
+    run.text = text;
     for (const QString& line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
         run.events.push_back(QJsonDocument::fromJson(line.toUtf8()).object());
     CPalmDevice::SetLayoutOverride(-1);
@@ -137,6 +159,34 @@ TEST(VeldPlay, RotationHelpCloseAndScreenshot) {
     const QJsonObject ret = run.First("return");
     EXPECT_EQ(ret.value(QStringLiteral("result")).toInt(), 2);
     EXPECT_EQ(ret.value(QStringLiteral("angle")).toDouble(), 7.0);
+}
+
+TEST(VeldPlay, AnyTextCanBeTypedAndNumbersPrintAsTheyAre) {
+    // Escapes, letters of other scripts and control characters reach the
+    // field; -0 stays -0 in the output, a number too large is refused.
+    const PlayRun run =
+        play(QStringLiteral("call ShowDlgGetString\n"
+                            "  set 11212 \"a\\nb \u00e9\u0663 \U0001F4D0\"\n"
+                            "  click 11196\n"
+                            "end\n"
+                            "call ShowDlgGetDouble\n"
+                            "  set 11137 \"-0\"\n"
+                            "  click 11196\n"
+                            "end\n"
+                            "call ShowDlgRotate angle=3\n"
+                            "  set 11137 \"1e309\"\n"
+                            "  click 11196\n"
+                            "  answer ok\n"
+                            "  set 11137 \"0.1\"\n"
+                            "  click 11196\n"
+                            "end\n"));
+    EXPECT_EQ(run.errors, 0) << run.text.toStdString();
+    EXPECT_EQ(run.First("return").value(QStringLiteral("text")).toString(),
+              QStringLiteral("a\nb \u00e9\u0663 \U0001F4D0"));
+    EXPECT_TRUE(run.text.contains(QLatin1String("\"value\":-0}"))) << run.text.toStdString();
+    EXPECT_EQ(run.First("message").value(QStringLiteral("text")).toString(),
+              QStringLiteral("The value is out of range"));
+    EXPECT_TRUE(run.text.contains(QLatin1String("\"angle\":0.1}"))) << run.text.toStdString();
 }
 
 TEST(VeldPlay, PasswordWithItsRetryQuestion) {

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QGroupBox>
+#include <QInputMethodEvent>
 #include <QJsonArray>
 #include <QLabel>
 #include <QLineEdit>
@@ -117,6 +118,35 @@ ScriptedUser& ScriptedUser::Click(unsigned id) {
 }
 
 namespace {
+bool isKeyboardChar(QChar c) {
+    return c.unicode() >= 0x20 && c.unicode() < 0x7F;
+}
+
+/// Types @p text as a user does: printable ASCII key by key, everything else
+/// (letters of other scripts, accents, emoji, marks, control characters) as
+/// an input method's commit, the way such text reaches a field on a device.
+/// A long run of keys arrives in one commit too, as a paste would: typing it
+/// key by key costs time quadratic in its length.
+void typeText(QWidget* target, const QString& text) {
+    constexpr qsizetype kLongRun = 64;
+    qsizetype i = 0;
+    while (i < text.size()) {
+        const bool keys = isKeyboardChar(text[i]);
+        qsizetype j = i;
+        while (j < text.size() && isKeyboardChar(text[j]) == keys)
+            ++j;
+        if (keys && j - i <= kLongRun) {
+            for (; i < j; ++i)
+                QTest::keyClick(target, text[i].toLatin1());
+            continue;
+        }
+        QInputMethodEvent commit;
+        commit.setCommitString(text.mid(i, j - i));
+        QApplication::sendEvent(target, &commit);
+        i = j;
+    }
+}
+
 /// Focuses an edit with a tap, then moves to its end or selects all of it.
 QString editStep(QWidget* c, bool replace, const QString& text) {
     auto* e = qobject_cast<QLineEdit*>(c);
@@ -132,7 +162,7 @@ QString editStep(QWidget* c, bool replace, const QString& text) {
     if (replace && text.isEmpty())
         QTest::keyClick(e, Qt::Key_Delete);
     else
-        QTest::keyClicks(e, text);
+        typeText(e, text);
     return {};
 }
 }  // namespace
