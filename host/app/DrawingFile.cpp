@@ -41,6 +41,11 @@ QString colourText(GColor c) {
         .arg(c.Blue(), 2, 16, QLatin1Char('0'));
 }
 
+bool isHexDigit(QChar c) {
+    const char16_t u = c.unicode();
+    return (u >= '0' && u <= '9') || (u >= 'a' && u <= 'f') || (u >= 'A' && u <= 'F');
+}
+
 QJsonArray point(const ulo::geom::PNT_3D& p) {
     return QJsonArray{p.x, p.y, p.z};
 }
@@ -70,15 +75,15 @@ QJsonObject writeLtype(const veld::CLtype* t) {
         }
         const veld::TEXT_3D& text = *d->GetText();
         const veld::CTextContext& c = text.GetContext();
-        elements.append(QJsonObject{{"text", q(c.GetString())},
-                                    {"style", text.GetStyle() ? q(text.GetStyle()->GetName())
-                                                              : QString()},
-                                    {"height", c.GetHeight()},
-                                    {"rotation", c.GetRotate()},
-                                    {"slant", c.GetSlant()},
-                                    {"width", c.GetWidthFactor()},
-                                    {"at", point(text.GetPoint())},
-                                    {"align", text.GetAlignment()}});
+        elements.append(
+            QJsonObject{{"text", q(c.GetString())},
+                        {"style", text.GetStyle() ? q(text.GetStyle()->GetName()) : QString()},
+                        {"height", c.GetHeight()},
+                        {"rotation", c.GetRotate()},
+                        {"slant", c.GetSlant()},
+                        {"width", c.GetWidthFactor()},
+                        {"at", point(text.GetPoint())},
+                        {"align", text.GetAlignment()}});
     }
     return QJsonObject{{"name", q(t->GetName())},
                        {"flags", static_cast<qint64>(t->GetFlags())},
@@ -107,27 +112,28 @@ QJsonObject writeEnt(const veld::CEnt* e, const std::map<const veld::CDrawing*, 
                   {"user", static_cast<qint64>(e->GetUserType()->GetID())},
                   {"points", points}};
     switch (e->GetKind()) {
-    case veld::EntKind::Circle:
-        o["radius"] = e->GetRadius();
-        break;
-    case veld::EntKind::Polyline:
-        o["closed"] = e->IsClosed();
-        break;
-    case veld::EntKind::Text: {
-        const auto* t = static_cast<const veld::CEntText*>(e);
-        const veld::TEXT_3D text = t->GetText();
-        const veld::CTextContext& c = text.GetContext();
-        o["text"] = QJsonObject{{"string", q(c.GetString())},
-                                {"style", t->GetStyle() ? q(t->GetStyle()->GetName()) : QString()},
-                                {"height", c.GetHeight()},
-                                {"rotation", c.GetRotate()},
-                                {"slant", c.GetSlant()},
-                                {"width", c.GetWidthFactor()},
-                                {"align", t->GetAlignment()}};
-        break;
-    }
-    default:
-        break;
+        case veld::EntKind::Circle:
+            o["radius"] = e->GetRadius();
+            break;
+        case veld::EntKind::Polyline:
+            o["closed"] = e->IsClosed();
+            break;
+        case veld::EntKind::Text: {
+            const auto* t = static_cast<const veld::CEntText*>(e);
+            const veld::TEXT_3D text = t->GetText();
+            const veld::CTextContext& c = text.GetContext();
+            o["text"] =
+                QJsonObject{{"string", q(c.GetString())},
+                            {"style", t->GetStyle() ? q(t->GetStyle()->GetName()) : QString()},
+                            {"height", c.GetHeight()},
+                            {"rotation", c.GetRotate()},
+                            {"slant", c.GetSlant()},
+                            {"width", c.GetWidthFactor()},
+                            {"align", t->GetAlignment()}};
+            break;
+        }
+        default:
+            break;
     }
     return o;
 }
@@ -155,11 +161,14 @@ QJsonObject writeImage(const CVELDImage& image) {
         buffer.open(QIODevice::WriteOnly);
         image.GetImage()->GetQImage().save(&buffer, "PNG");
     }
+    // An image placed without its picture writes null: an empty text is what
+    // a damaged file shows, and the reader refuses it.
     return QJsonObject{{"name", image.GetName()},
                        {"scale", image.GetScale()},
                        {"xMin", image.GetXMin()},
                        {"yMin", image.GetYMin()},
-                       {"png", QString::fromLatin1(png.toBase64())}};
+                       {"png", png.isEmpty() ? QJsonValue(QJsonValue::Null)
+                                             : QJsonValue(QString::fromLatin1(png.toBase64()))}};
 }
 
 QJsonObject writeObject(const CVELD& constCad) {
@@ -202,35 +211,34 @@ QJsonObject writeObject(const CVELD& constCad) {
     }
 
     const CVELD::Settings& s = cad.GetSettings();
-    const QJsonObject settings{
-        {"ltypeScale", s.ltypeScale},
-        {"angleSystem", s.angleSystem},
-        {"angleBase", s.angleBase},
-        {"angleClockwise", s.angleClockwise},
-        {"crossDim", static_cast<qint64>(s.crossDim)},
-        {"deltaPick", static_cast<qint64>(s.deltaPick)},
-        {"osnapOn", cad.IsOSnapperOn()},
-        {"osnapMask", static_cast<qint64>(cad.GetOSnapperMask())},
-        {"colors", QJsonObject{{"background", colourText(s.background)},
-                               {"grid", colourText(s.grid)},
-                               {"selected", colourText(s.selected)},
-                               {"crossHair", colourText(s.crossHair)}}}};
-    const QJsonObject current{
-        {"layer", s.curLayer ? q(s.curLayer->GetName()) : QString()},
-        {"ltype", s.curLtype ? q(s.curLtype->GetName()) : QString()},
-        {"style", s.curStyle ? q(s.curStyle->GetName()) : QString()}};
+    const QJsonObject settings{{"ltypeScale", s.ltypeScale},
+                               {"angleSystem", s.angleSystem},
+                               {"angleBase", s.angleBase},
+                               {"angleClockwise", s.angleClockwise},
+                               {"crossDim", static_cast<qint64>(s.crossDim)},
+                               {"deltaPick", static_cast<qint64>(s.deltaPick)},
+                               {"osnapOn", cad.IsOSnapperOn()},
+                               {"osnapMask", static_cast<qint64>(cad.GetOSnapperMask())},
+                               {"colors", QJsonObject{{"background", colourText(s.background)},
+                                                      {"grid", colourText(s.grid)},
+                                                      {"selected", colourText(s.selected)},
+                                                      {"crossHair", colourText(s.crossHair)}}}};
+    const QJsonObject current{{"layer", s.curLayer ? q(s.curLayer->GetName()) : QString()},
+                              {"ltype", s.curLtype ? q(s.curLtype->GetName()) : QString()},
+                              {"style", s.curStyle ? q(s.curStyle->GetName()) : QString()}};
 
     for (int i = 0; i < cad.GetNoViews(); ++i) {
         const CVELDView* v = cad.GetView(i);
-        views.append(QJsonObject{{"grid", writeGrid(v->GetGrid())}, {"preset", v->GetPresetView()}});
+        views.append(
+            QJsonObject{{"grid", writeGrid(v->GetGrid())}, {"preset", v->GetPresetView()}});
     }
     for (int i = 0; i < cad.GetNoImages(); ++i)
         images.append(writeImage(*cad.GetImage(i)));
 
-    return QJsonObject{{"format", kFormat}, {"version", kVersion},   {"styles", styles},
-                       {"ltypes", ltypes},  {"layers", layers},      {"sets", sets},
-                       {"active", active},  {"entities", ents},      {"current", current},
-                       {"settings", settings}, {"views", views},     {"images", images}};
+    return QJsonObject{{"format", kFormat},    {"version", kVersion}, {"styles", styles},
+                       {"ltypes", ltypes},     {"layers", layers},    {"sets", sets},
+                       {"active", active},     {"entities", ents},    {"current", current},
+                       {"settings", settings}, {"views", views},      {"images", images}};
 }
 
 // ---------------------------------------------------------------- reading
@@ -252,13 +260,16 @@ public:
         return In(v_.toObject().value(QLatin1String(key)),
                   where_.isEmpty() ? QString::fromLatin1(key) : where_ + '.' + key);
     }
-    In At(qsizetype i) const { return In(v_.toArray().at(i), where_ + '[' + QString::number(i) + ']'); }
+    In At(qsizetype i) const {
+        return In(v_.toArray().at(i), where_ + '[' + QString::number(i) + ']');
+    }
     qsizetype Size() const {
         if (!v_.isArray())
             Fail("expected a list");
         return v_.toArray().size();
     }
     bool IsObject() const { return v_.isObject(); }
+    bool IsNull() const { return v_.isNull(); }
     double Number(double lo = -1e100, double hi = 1e100) const {
         if (!v_.isDouble())
             Fail("expected a number");
@@ -291,10 +302,13 @@ public:
     }
     GColor Colour() const {
         const QString s = Text();
+        // Digit by digit: toUInt alone lets a sign, blanks or "0x" through.
         bool ok = s.size() == 7 && s[0] == '#';
-        const unsigned rgb = ok ? s.mid(1).toUInt(&ok, 16) : 0;
+        for (qsizetype i = 1; ok && i < s.size(); ++i)
+            ok = isHexDigit(s[i]);
         if (!ok)
             Fail(QStringLiteral("expected a colour \"#rrggbb\", found \"%1\"").arg(s));
+        const unsigned rgb = s.mid(1).toUInt(nullptr, 16);
         return GColor(((rgb & 0xFF) << 16) | (rgb & 0xFF00) | ((rgb >> 16) & 0xFF));
     }
     ulo::geom::PNT_3D Point() const {
@@ -418,8 +432,8 @@ void readLtypes(veld::CData& data, const In& list) {
             }
             seq.AddDashText(veld::TEXT_3D(
                 w(e["text"].Text()), findStyle(data, e["style"]), e["height"].Number(),
-                e["slant"].Number(), e["width"].Number(), e["rotation"].Number(),
-                e["at"].Point(), static_cast<unsigned short>(e["align"].Whole(0, 11)), 0));
+                e["slant"].Number(), e["width"].Number(), e["rotation"].Number(), e["at"].Point(),
+                static_cast<unsigned short>(e["align"].Whole(0, 11)), 0));
         }
         const QString desc = t["desc"].Text();
         ulo::RefPtr<veld::CLtype> ltype;
@@ -428,8 +442,8 @@ void readLtypes(veld::CData& data, const In& list) {
             ltype->SetName(w(name));
             ltype->Copy(veld::CLtype(w(name), w(desc), std::move(seq), 0));
         } else {
-            ltype = ulo::RefPtr<veld::CLtype>::Adopt(data.GetObjectFactory()->CreateLtype(
-                w(name), w(desc), std::move(seq), 0, 0));
+            ltype = ulo::RefPtr<veld::CLtype>::Adopt(
+                data.GetObjectFactory()->CreateLtype(w(name), w(desc), std::move(seq), 0, 0));
         }
         ltype->SetFlags(flags(t["flags"]));
         data.GetLtypeTable().Add(ltype.get());
@@ -446,19 +460,27 @@ void readLayers(veld::CData& data, const In& list) {
         const In l = list.At(i);
         const QString name = l["name"].Name();
         checkUnique(data.GetLayerTable(), name, l["name"]);
-        veld::CLtype* ltype = findLtype(data, l["ltype"]);
+        const In ltypeIn = l["ltype"];
+        veld::CLtype* ltype = findLtype(data, ltypeIn);
+        // ByLayer would refer the layer to itself, ByBlock to no block at all.
+        if (ltype->IsByLayer() || ltype->IsByBlock())
+            ltypeIn.Fail(
+                QStringLiteral("a layer needs a real line type, not \"%1\"").arg(ltypeIn.Text()));
         const auto colour = static_cast<unsigned short>(l["color"].Whole(1, 255));
-        const auto width = static_cast<veld::enumLineWidth>(l["lineWidth"].Whole(-3, 211));
+        const In widthIn = l["lineWidth"];
+        const auto width = static_cast<int>(widthIn.Whole(-3, 211));
+        if (!veld::IsValidLineWidth(width))
+            widthIn.Fail(QStringLiteral("%1 is not a standard line width").arg(width));
         ulo::RefPtr<veld::CLayer> layer;
         if (auto it = kept.find(name.toUpper()); it != kept.end()) {
             layer = it->second;
             layer->SetName(w(name));
             layer->SetLtype(ltype);
             layer->SetColor(colour);
-            layer->SetLineWidth(width);
+            layer->SetLineWidth(static_cast<veld::enumLineWidth>(width));
         } else {
-            layer = ulo::RefPtr<veld::CLayer>::Adopt(
-                data.GetObjectFactory()->CreateLayer(w(name), ltype, colour, width, 0, 0));
+            layer = ulo::RefPtr<veld::CLayer>::Adopt(data.GetObjectFactory()->CreateLayer(
+                w(name), ltype, colour, static_cast<veld::enumLineWidth>(width), 0, 0));
         }
         layer->SetFlags(flags(l["flags"]));
         data.GetLayerTable().Add(layer.get());
@@ -489,13 +511,29 @@ std::vector<veld::CDrawing*> readSets(veld::CData& data, const In& list, const I
         d->SetNoRef(static_cast<unsigned>(s["refs"].Whole(0, 0xFFFF)));
         sets.push_back(d);
     }
+    // Adding a set makes it active when its type has none yet, so an empty or
+    // partial list would still read: the writer names one set of every type
+    // that has sets, and so must a file.
+    std::set<unsigned> activeTypes;
     for (qsizetype i = 0; i < active.Size(); ++i) {
-        const qint64 index = active.At(i).Whole(0, static_cast<qint64>(sets.size()) - 1);
-        manager->SetActiveDrawing(sets[static_cast<size_t>(index)]);
+        const In a = active.At(i);
+        veld::CDrawing* d =
+            sets[static_cast<size_t>(a.Whole(0, static_cast<qint64>(sets.size()) - 1))];
+        const unsigned type = d->GetDrawingType()->GetID();
+        if (!activeTypes.insert(type).second)
+            a.Fail(QStringLiteral("a second active entity set of type %1").arg(type));
+        manager->SetActiveDrawing(d);
     }
     for (unsigned type : {0u, 1u})
         if (!manager->GetActiveDrawing(type))
             list.Fail(QStringLiteral("the drawing needs an entity set of type %1").arg(type));
+    for (unsigned i = 0; i < manager->GetNoDrawingTypes(); ++i) {
+        const unsigned type = manager->GetDrawingTypeAtPos(i)->GetID();
+        veld::CDrawingList ofType;
+        manager->GetAllDrawingsForType(type, ofType);
+        if (!ofType.empty() && !activeTypes.count(type))
+            active.Fail(QStringLiteral("no active entity set of type %1").arg(type));
+    }
     return sets;
 }
 
@@ -512,20 +550,30 @@ void readEnts(veld::CData& data, const In& list, const std::vector<veld::CDrawin
             e["kind"].Fail(QStringLiteral("no entity kind \"%1\"").arg(kindName));
         veld::CDrawing* set =
             sets[static_cast<size_t>(e["set"].Whole(0, static_cast<qint64>(sets.size()) - 1))];
-        ulo::RefPtr<veld::CEnt> ent = ulo::RefPtr<veld::CEnt>::Adopt(veld::CreateEnt(
-            kind, findLayer(data, e["layer"]), findLtype(data, e["ltype"]),
-            static_cast<short>(e["color"].Whole(0, 256)), set));
+        ulo::RefPtr<veld::CEnt> ent = ulo::RefPtr<veld::CEnt>::Adopt(
+            veld::CreateEnt(kind, findLayer(data, e["layer"]), findLtype(data, e["ltype"]),
+                            static_cast<short>(e["color"].Whole(0, 256)), set));
         ent->SetHandle(static_cast<unsigned long>(handle));
-        ent->SetUserType(veld::CVeldUserType::FromID(
-            static_cast<unsigned>(e["user"].Whole(0, 0xFFFFFFFF))));
+        const In userIn = e["user"];
+        const auto userId = static_cast<unsigned>(userIn.Whole(0, 0xFFFFFFFF));
+        const veld::CVeldUserType* user = veld::CVeldUserType::Find(userId);
+        if (!user)
+            userIn.Fail(QStringLiteral("no user type %1").arg(userId));
+        ent->SetUserType(user);
         const In pts = e["points"];
         std::vector<ulo::geom::PNT_3D> points;
         for (qsizetype j = 0; j < pts.Size(); ++j)
             points.push_back(pts.At(j).Point());
-        const size_t need = kind == veld::EntKind::Line ? 2 : kind == veld::EntKind::Polyline ? 2 : 1;
+        const size_t need = kind == veld::EntKind::Line       ? 2
+                            : kind == veld::EntKind::Polyline ? 2
+                                                              : 1;
         if (points.size() < need || (kind != veld::EntKind::Polyline && points.size() != need))
-            pts.Fail(QStringLiteral("a %1 has %2 point%3").arg(kindName.toLower())
-                         .arg(need).arg(need == 1 ? "" : kind == veld::EntKind::Polyline ? "s or more" : "s"));
+            pts.Fail(QStringLiteral("a %1 has %2 point%3")
+                         .arg(kindName.toLower())
+                         .arg(need)
+                         .arg(need == 1                         ? ""
+                              : kind == veld::EntKind::Polyline ? "s or more"
+                                                                : "s"));
         ent->SetPoints(std::move(points));
         if (kind == veld::EntKind::Circle)
             ent->SetRadius(e["radius"].Number(0, 1e100));
@@ -535,10 +583,9 @@ void readEnts(veld::CData& data, const In& list, const std::vector<veld::CDrawin
             const In t = e["text"];
             auto* text = static_cast<veld::CEntText*>(ent.get());
             text->SetText(veld::TEXT_3D(
-                w(t["string"].Text()), findStyle(data, t["style"]),
-                t["height"].Number(0, 1e100), t["slant"].Number(), t["width"].Number(1e-9, 1e100),
-                t["rotation"].Number(), ent->GetPoints().front(),
-                static_cast<unsigned short>(t["align"].Whole(0, 11)), 0));
+                w(t["string"].Text()), findStyle(data, t["style"]), t["height"].Number(0, 1e100),
+                t["slant"].Number(), t["width"].Number(1e-9, 1e100), t["rotation"].Number(),
+                ent->GetPoints().front(), static_cast<unsigned short>(t["align"].Whole(0, 11)), 0));
         }
         data.GetEntTable().Add(ent.get());
         data.ReserveHandle(static_cast<unsigned long>(handle));
@@ -569,12 +616,20 @@ void readCurrent(Parsed& p, const In& c) {
     veld::CData& data = *p.data;
     p.curLayer = findLayer(data, c["layer"]);
     if (!p.curLayer->CanBeCurrent())
-        c["layer"].Fail(QStringLiteral("the layer \"%1\" cannot be current").arg(c["layer"].Text()));
+        c["layer"].Fail(
+            QStringLiteral("the layer \"%1\" cannot be current").arg(c["layer"].Text()));
     p.curLtype = findLtype(data, c["ltype"]);
     p.curStyle = findStyle(data, c["style"]);
 }
 
-void readViews(Parsed& p, const In& list) {
+/// @p have: the views of the CAD instance read into; each view of the file
+/// goes to one of them, and a view with nowhere to go would be lost.
+void readViews(Parsed& p, const In& list, int have) {
+    if (list.Size() > have)
+        list.At(have).Fail(
+            have == 0
+                ? QStringLiteral("the drawing has no views")
+                : QStringLiteral("the drawing has %1 view%2").arg(have).arg(have == 1 ? "" : "s"));
     for (qsizetype i = 0; i < list.Size(); ++i) {
         const In v = list.At(i);
         const In g = v["grid"];
@@ -601,9 +656,18 @@ void readImages(Parsed& p, const In& list) {
         const In im = list.At(i);
         const QString name = im["name"].Name();
         QImage image;
-        const QByteArray png = QByteArray::fromBase64(im["png"].Text().toLatin1());
-        if (!png.isEmpty() && !image.loadFromData(png, "PNG"))
-            im["png"].Fail("the picture is not a readable PNG");
+        const In pngIn = im["png"];
+        if (!pngIn.IsNull()) {
+            const QString text = pngIn.Text();
+            if (text.isEmpty())
+                pngIn.Fail("the picture is empty (an image without one has null)");
+            const auto png = QByteArray::fromBase64Encoding(
+                text.toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+            if (!png)
+                pngIn.Fail("the picture is not base64");
+            if (!image.loadFromData(*png, "PNG"))
+                pngIn.Fail("the picture is not a readable PNG");
+        }
         p.images.push_back(std::make_unique<CVELDImage>(
             name, std::make_shared<pix::CDibImage>(image), im["scale"].Number(1e-12, 1e100),
             im["xMin"].Number(), im["yMin"].Number()));
@@ -624,20 +688,20 @@ QByteArray Dump(const CVELD& cad) {
         selection.append(static_cast<qint64>(sel.GetEnt(i)->GetHandle()));
     CVELD& mutableCad = const_cast<CVELD&>(cad);
     const CMouseCursorInfo& c = CSystemVars::GetInstance().GetMouseCursorInfo();
-    o["session"] = QJsonObject{
-        {"selection", selection},
-        {"undo", static_cast<qint64>(mutableCad.GetUndoList().GetDoneCount())},
-        {"redo", static_cast<qint64>(mutableCad.GetUndoList().GetCount() -
-                                     mutableCad.GetUndoList().GetDoneCount())},
-        {"colorSelected", DoColorSelectedEnts()},
-        {"cursor", QJsonObject{{"format", static_cast<qint64>(c.GetCursorFormat())},
-                               {"color", colourText(c.GetCursorColor())},
-                               {"alternate", colourText(c.GetCursorAlterColor())},
-                               {"size", c.GetCursorSize()},
-                               {"searchSize", c.GetCursorSearchSize()},
-                               {"aperture", c.GetCursorAperture()},
-                               {"penWeight", c.GetCursorPenWeight()},
-                               {"allScreen", c.IsCursorAllScreen()}}}};
+    o["session"] =
+        QJsonObject{{"selection", selection},
+                    {"undo", static_cast<qint64>(mutableCad.GetUndoList().GetDoneCount())},
+                    {"redo", static_cast<qint64>(mutableCad.GetUndoList().GetCount() -
+                                                 mutableCad.GetUndoList().GetDoneCount())},
+                    {"colorSelected", DoColorSelectedEnts()},
+                    {"cursor", QJsonObject{{"format", static_cast<qint64>(c.GetCursorFormat())},
+                                           {"color", colourText(c.GetCursorColor())},
+                                           {"alternate", colourText(c.GetCursorAlterColor())},
+                                           {"size", c.GetCursorSize()},
+                                           {"searchSize", c.GetCursorSearchSize()},
+                                           {"aperture", c.GetCursorAperture()},
+                                           {"penWeight", c.GetCursorPenWeight()},
+                                           {"allScreen", c.IsCursorAllScreen()}}}};
     return QJsonDocument(o).toJson(QJsonDocument::Indented);
 }
 
@@ -666,7 +730,7 @@ bool Read(CVELD& cad, const QByteArray& json, QString& error) {
         readEnts(*p.data, root["entities"], sets);
         readSettings(p, root["settings"]);
         readCurrent(p, root["current"]);
-        readViews(p, root["views"]);
+        readViews(p, root["views"], cad.GetNoViews());
         readImages(p, root["images"]);
     } catch (const Refusal& r) {
         error = r.where.isEmpty() ? r.what : r.where + QStringLiteral(": ") + r.what;
@@ -702,8 +766,9 @@ bool Load(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* req
     const QString name = info.fileName();
     QFile file(path);
     if (info.isDir() || !file.open(QIODevice::ReadOnly)) {
-        error = QStringLiteral("%1 cannot be opened: %2")
-                    .arg(name, info.isDir() ? QStringLiteral("it is a folder") : file.errorString());
+        error =
+            QStringLiteral("%1 cannot be opened: %2")
+                .arg(name, info.isDir() ? QStringLiteral("it is a folder") : file.errorString());
         return false;
     }
     const QByteArray bytes = file.readAll();
@@ -713,18 +778,19 @@ bool Load(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* req
     }
     QByteArray plain;
     switch (veld::CSealedFile::Read(bytes, request, w(name), plain)) {
-    case veld::CSealedFile::Result::Plain:
-    case veld::CSealedFile::Result::Opened:
-        break;
-    case veld::CSealedFile::Result::Cancelled:
-        error = QStringLiteral("%1 was not opened: no password was given").arg(name);
-        return false;
-    case veld::CSealedFile::Result::WrongPassword:
-        error = QStringLiteral("%1 was not opened: wrong password").arg(name);
-        return false;
-    case veld::CSealedFile::Result::Damaged:
-        error = QStringLiteral("%1 is damaged: its sealed content does not open").arg(name);
-        return false;
+        case veld::CSealedFile::Result::Plain:
+        case veld::CSealedFile::Result::Opened:
+            break;
+        case veld::CSealedFile::Result::Cancelled:
+            error = QStringLiteral("%1 was not opened: no password was given").arg(name);
+            return false;
+        case veld::CSealedFile::Result::WrongPassword:
+            // Past the header a changed byte fails like a wrong password does.
+            error = QStringLiteral("%1 was not opened: wrong password or damaged file").arg(name);
+            return false;
+        case veld::CSealedFile::Result::Damaged:
+            error = QStringLiteral("%1 is damaged: its sealed content does not open").arg(name);
+            return false;
     }
     QString why;
     if (!Read(cad, plain, why)) {

@@ -35,7 +35,9 @@ QByteArray Dump(const CVELD& cad);
 bool Read(CVELD& cad, const QByteArray& json, QString& error);
 
 /// Opens a file, plain or sealed; for a sealed one @p request is asked for
-/// the password (and whether to retry after a wrong one).
+/// the password (and whether to retry after a wrong one). A sealed file whose
+/// header shows damage is refused as damaged without a question; one that no
+/// password opened, as "wrong password or damaged file".
 bool Load(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* request,
           QString& error);
 /// Saves to @p path, sealed when @p password is not empty. The file is

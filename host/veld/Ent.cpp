@@ -25,7 +25,14 @@ const CVeldUserType* CVeldUserType::Survey() {
     return &kSurvey;
 }
 const CVeldUserType* CVeldUserType::FromID(unsigned id) {
-    return id == kSurvey.GetID() ? &kSurvey : &kStandard;
+    const CVeldUserType* type = Find(id);
+    return type ? type : &kStandard;
+}
+const CVeldUserType* CVeldUserType::Find(unsigned id) {
+    for (const CVeldUserType* type : {&kStandard, &kSurvey})
+        if (type->GetID() == id)
+            return type;
+    return nullptr;
 }
 
 bool CEnt::State::operator==(const State& o) const {
@@ -68,8 +75,8 @@ void CEnt::Move(double dx, double dy, double dz) {
 }
 
 bool CEnt::RefersTo(const ITableItem* item) const {
-    return item && (item == s_.layer.get() || item == s_.ltype.get() ||
-                    item == s_.text.style.get());
+    return item &&
+           (item == s_.layer.get() || item == s_.ltype.get() || item == s_.text.style.get());
 }
 
 ulo::IMemento* CEnt::CreateMemento() const {
@@ -99,8 +106,8 @@ CEntPolyline::CEntPolyline(std::vector<ulo::geom::PNT_3D> points, bool closed, C
     SetClosed(closed);
 }
 
-CEntCircle::CEntCircle(const ulo::geom::PNT_3D& centre, double radius, CLayer* layer,
-                       CLtype* ltype, short colour, CDrawing* drawing)
+CEntCircle::CEntCircle(const ulo::geom::PNT_3D& centre, double radius, CLayer* layer, CLtype* ltype,
+                       short colour, CDrawing* drawing)
     : CEnt(EntKind::Circle, layer, ltype, colour, drawing) {
     SetPoints({centre});
     SetRadius(radius);
@@ -141,17 +148,17 @@ void CEntText::SetText(const TEXT_3D& text) {
 CEnt* CreateEnt(EntKind kind, CLayer* layer, CLtype* ltype, short colour, CDrawing* drawing) {
     const ulo::geom::PNT_3D o{};
     switch (kind) {
-    case EntKind::Line:
-        return new CEntLine(o, o, layer, ltype, colour, drawing);
-    case EntKind::Polyline:
-        return new CEntPolyline({o, o}, false, layer, ltype, colour, drawing);
-    case EntKind::Circle:
-        return new CEntCircle(o, 0.0, layer, ltype, colour, drawing);
-    case EntKind::Point:
-        return new CEntPoint(o, layer, ltype, colour, drawing);
-    case EntKind::Text:
-        return new CEntText(TEXT_3D(L"", nullptr, 0, 0, 1, 0, o, 0, 0), layer, ltype, colour,
-                            drawing);
+        case EntKind::Line:
+            return new CEntLine(o, o, layer, ltype, colour, drawing);
+        case EntKind::Polyline:
+            return new CEntPolyline({o, o}, false, layer, ltype, colour, drawing);
+        case EntKind::Circle:
+            return new CEntCircle(o, 0.0, layer, ltype, colour, drawing);
+        case EntKind::Point:
+            return new CEntPoint(o, layer, ltype, colour, drawing);
+        case EntKind::Text:
+            return new CEntText(TEXT_3D(L"", nullptr, 0, 0, 1, 0, o, 0, 0), layer, ltype, colour,
+                                drawing);
     }
     return nullptr;
 }

@@ -32,6 +32,9 @@ public:
     static const CVeldUserType* Survey();
     /// The user type of id @p id (Standard for an unknown one).
     static const CVeldUserType* FromID(unsigned id);
+    /// The user type of id @p id, or null when no user type has it; for
+    /// readers that must refuse an id rather than take it for Standard.
+    static const CVeldUserType* Find(unsigned id);
 
 private:
     unsigned id_;
@@ -94,8 +97,8 @@ protected:
         unsigned short alignment = 0;
         ulo::RefPtr<CStyle> style;
         bool operator==(const TextState& o) const {
-            return text == o.text && height == o.height && slant == o.slant &&
-                   width == o.width && rotation == o.rotation && alignment == o.alignment &&
+            return text == o.text && height == o.height && slant == o.slant && width == o.width &&
+                   rotation == o.rotation && alignment == o.alignment &&
                    style.get() == o.style.get();
         }
     };

@@ -8,6 +8,11 @@ namespace veld {
 
 enum enumLineWidth : int { kLineWidthDefault = -3, kLineWidthByLayer = -2, kLineWidthByBlock = -1 };
 
+/// True for kLineWidthDefault, kLineWidthByLayer, kLineWidthByBlock and the
+/// standard pen widths in hundredths of a millimetre (0, 5, 9, ... 200, 211);
+/// other values are not widths the program can show or plot.
+bool IsValidLineWidth(int width);
+
 class CLayer : public ITableItem {
 public:
     CLayer(const ulo::WString& name, CLtype* ltype, unsigned short colour, enumLineWidth width,

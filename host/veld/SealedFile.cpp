@@ -14,6 +14,11 @@ constexpr std::size_t kSaltSize = crypto_pwhash_SALTBYTES;  // 16
 constexpr std::size_t kNonceSize = crypto_aead_xchacha20poly1305_ietf_NPUBBYTES;
 constexpr std::size_t kHeaderSize = sizeof kMagic + 1 + kSaltSize + 8 + 8 + kNonceSize;
 constexpr std::size_t kKeySize = crypto_aead_xchacha20poly1305_ietf_KEYBYTES;
+constexpr unsigned char kVersion = 1;
+// The limits the writer uses are the only ones read: a header may not make
+// each attempt cost what the sensitive limits cost (seconds and a gigabyte).
+constexpr quint64 kOpsLimit = crypto_pwhash_OPSLIMIT_INTERACTIVE;
+constexpr quint64 kMemLimit = crypto_pwhash_MEMLIMIT_INTERACTIVE;
 
 bool ready() {
     static const bool ok = sodium_init() >= 0;
@@ -32,15 +37,24 @@ private:
     QByteArray bytes_;
 };
 
-bool deriveKey(const ulo::WString& password, const unsigned char* salt, quint64 ops, quint64 mem,
-               unsigned char* key) {
+bool deriveKey(const ulo::WString& password, const unsigned char* salt, unsigned char* key) {
     const Secret secret(password);
-    // Refuse absurd work factors from a tampered header before spending them.
-    if (ops < crypto_pwhash_OPSLIMIT_MIN || ops > crypto_pwhash_OPSLIMIT_SENSITIVE ||
-        mem < crypto_pwhash_MEMLIMIT_MIN || mem > crypto_pwhash_MEMLIMIT_SENSITIVE)
+    return crypto_pwhash(key, kKeySize, secret.data(), secret.size(), salt, kOpsLimit,
+                         static_cast<std::size_t>(kMemLimit), crypto_pwhash_ALG_ARGON2ID13) == 0;
+}
+
+/// False for damage the header shows without the password: too short for a
+/// header and a tag, another version, or limits the writer never uses.
+/// Past this, a wrong password and a changed byte cannot be told apart.
+bool headerIsSound(const QByteArray& sealed) {
+    if (!CSealedFile::IsSealed(sealed) ||
+        sealed.size() <
+            static_cast<qsizetype>(kHeaderSize + crypto_aead_xchacha20poly1305_ietf_ABYTES))
         return false;
-    return crypto_pwhash(key, kKeySize, secret.data(), secret.size(), salt, ops,
-                         static_cast<std::size_t>(mem), crypto_pwhash_ALG_ARGON2ID13) == 0;
+    const auto* h = reinterpret_cast<const unsigned char*>(sealed.constData());
+    const unsigned char* limits = h + sizeof kMagic + 1 + kSaltSize;
+    return h[sizeof kMagic] == kVersion && qFromLittleEndian<quint64>(limits) == kOpsLimit &&
+           qFromLittleEndian<quint64>(limits + 8) == kMemLimit;
 }
 }  // namespace
 
@@ -55,18 +69,16 @@ QByteArray CSealedFile::Seal(const QByteArray& plain, const ulo::WString& passwo
     QByteArray out(static_cast<qsizetype>(kHeaderSize), '\0');
     auto* h = reinterpret_cast<unsigned char*>(out.data());
     std::memcpy(h, kMagic, sizeof kMagic);
-    h[sizeof kMagic] = 1;
+    h[sizeof kMagic] = kVersion;
     unsigned char* salt = h + sizeof kMagic + 1;
     randombytes_buf(salt, kSaltSize);
-    const quint64 ops = crypto_pwhash_OPSLIMIT_INTERACTIVE;
-    const quint64 mem = crypto_pwhash_MEMLIMIT_INTERACTIVE;
-    qToLittleEndian(ops, salt + kSaltSize);
-    qToLittleEndian(mem, salt + kSaltSize + 8);
+    qToLittleEndian(kOpsLimit, salt + kSaltSize);
+    qToLittleEndian(kMemLimit, salt + kSaltSize + 8);
     unsigned char* nonce = salt + kSaltSize + 16;
     randombytes_buf(nonce, kNonceSize);
 
     unsigned char key[kKeySize];
-    if (!deriveKey(password, salt, ops, mem, key))
+    if (!deriveKey(password, salt, key))
         return {};
     QByteArray cipher(plain.size() + crypto_aead_xchacha20poly1305_ietf_ABYTES, '\0');
     unsigned long long cipherLen = 0;
@@ -81,19 +93,13 @@ QByteArray CSealedFile::Seal(const QByteArray& plain, const ulo::WString& passwo
 
 bool CSealedFile::Open(const QByteArray& sealed, const ulo::WString& password, QByteArray& plain) {
     plain.clear();
-    if (!ready() || !IsSealed(sealed) ||
-        sealed.size() <
-            static_cast<qsizetype>(kHeaderSize + crypto_aead_xchacha20poly1305_ietf_ABYTES))
+    if (!ready() || !headerIsSound(sealed))
         return false;
     const auto* h = reinterpret_cast<const unsigned char*>(sealed.constData());
-    if (h[sizeof kMagic] != 1)
-        return false;
     const unsigned char* salt = h + sizeof kMagic + 1;
-    const quint64 ops = qFromLittleEndian<quint64>(salt + kSaltSize);
-    const quint64 mem = qFromLittleEndian<quint64>(salt + kSaltSize + 8);
     const unsigned char* nonce = salt + kSaltSize + 16;
     unsigned char key[kKeySize];
-    if (!deriveKey(password, salt, ops, mem, key))
+    if (!deriveKey(password, salt, key))
         return false;
     const auto cipherLen = static_cast<unsigned long long>(sealed.size()) - kHeaderSize;
     QByteArray out(static_cast<qsizetype>(cipherLen), '\0');
@@ -116,8 +122,8 @@ CSealedFile::Result CSealedFile::Read(const QByteArray& bytes, IFileReaderPasswo
         plain = bytes;
         return Result::Plain;
     }
-    if (bytes.size() <
-        static_cast<qsizetype>(kHeaderSize + crypto_aead_xchacha20poly1305_ietf_ABYTES))
+    // Asking for a password cannot help bytes the header already gives away.
+    if (!headerIsSound(bytes))
         return Result::Damaged;
     for (;;) {
         ulo::WString password;

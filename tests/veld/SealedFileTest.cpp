@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QStringList>
+#include <QtEndian>
 #include <deque>
 
 #include "veld/SealedFile.h"
@@ -33,6 +34,17 @@ struct ScriptedRequest : veld::IFileReaderPasswordRequest {
 };
 
 const QByteArray kPlain = QByteArrayLiteral("{\"layers\":[\"0\",\"ROADS\"]}");
+
+// Where the header keeps the version and the Argon2id limits.
+constexpr qsizetype kVersionAt = 8;
+constexpr qsizetype kOpsAt = kVersionAt + 1 + 16;
+constexpr qsizetype kMemAt = kOpsAt + 8;
+
+QByteArray withLimits(QByteArray sealed, quint64 ops, quint64 mem) {
+    qToLittleEndian(ops, sealed.data() + kOpsAt);
+    qToLittleEndian(mem, sealed.data() + kMemAt);
+    return sealed;
+}
 }  // namespace
 
 TEST(SealedFile, RoundTripAndRefusals) {
@@ -87,4 +99,47 @@ TEST(SealedFile, ReaderAsksThenRetriesInOrder) {
     EXPECT_EQ(CSealedFile::Read(kPlain, nullptr, L"plain.veld", plain), CSealedFile::Result::Plain);
     EXPECT_EQ(plain, kPlain);
     EXPECT_EQ(CSealedFile::Read(sealed, nullptr, L"x", plain), CSealedFile::Result::Cancelled);
+}
+
+TEST(SealedFile, DamageTheHeaderShowsIsReportedBeforeAnyPassword) {
+    const QByteArray sealed = CSealedFile::Seal(kPlain, L"PW");
+    const quint64 ops = qFromLittleEndian<quint64>(sealed.constData() + kOpsAt);
+    const quint64 mem = qFromLittleEndian<quint64>(sealed.constData() + kMemAt);
+    QByteArray version = sealed;
+    version[kVersionAt] = 2;
+    QByteArray flipped = sealed;
+    flipped[flipped.size() - 20] = char(flipped[flipped.size() - 20] ^ 0x04);
+    // libsodium's "sensitive" Argon2id limits: 4 passes over 1 GiB, seconds per attempt.
+    const quint64 sensitiveOps = 4, sensitiveMem = quint64(1) << 30;
+
+    const struct {
+        const char* what;
+        QByteArray bytes;
+        CSealedFile::Result result;
+        bool asked;
+    } rows[] = {
+        {"version byte changed", version, CSealedFile::Result::Damaged, false},
+        {"limits raised to sensitive", withLimits(sealed, sensitiveOps, sensitiveMem),
+         CSealedFile::Result::Damaged, false},
+        {"one more pass", withLimits(sealed, ops + 1, mem), CSealedFile::Result::Damaged, false},
+        {"less memory", withLimits(sealed, ops, mem / 2), CSealedFile::Result::Damaged, false},
+        {"truncated into the header", sealed.left(30), CSealedFile::Result::Damaged, false},
+        {"truncated to the header", sealed.left(kMemAt + 8 + 24), CSealedFile::Result::Damaged,
+         false},
+        // Only the password can tell these from a wrong one.
+        {"truncated ciphertext", sealed.left(sealed.size() - 3), CSealedFile::Result::WrongPassword,
+         true},
+        {"flipped ciphertext byte", flipped, CSealedFile::Result::WrongPassword, true},
+    };
+    for (const auto& r : rows) {
+        ScriptedRequest request;
+        request.passwords = {L"PW"};
+        QByteArray plain;
+        EXPECT_EQ(CSealedFile::Read(r.bytes, &request, L"plan.veld", plain), r.result) << r.what;
+        EXPECT_EQ(request.calls.join(QLatin1Char(' ')).toStdString(),
+                  r.asked ? "password retry" : "")
+            << r.what;
+        EXPECT_TRUE(plain.isEmpty()) << r.what;
+        EXPECT_FALSE(CSealedFile::Open(r.bytes, L"PW", plain)) << r.what;
+    }
 }
