@@ -7,7 +7,6 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QInputDialog>
 #include <QLabel>
 #include <QLibrary>
 #include <QLocalSocket>
@@ -20,6 +19,7 @@
 #include <memory>
 
 #include "DemoOperations.h"
+#include "NewPasswordDialog.h"
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELDView.h"
@@ -30,7 +30,26 @@
 
 namespace {
 const QString kFilter = QStringLiteral("Drawings (*.veld *.json);;All files (*)");
-}
+
+/// Passes the reader's questions to the library's password dialog and keeps
+/// the last password given: a sealed drawing is sealed again when saved.
+class RememberingRequest : public veld::IFileReaderPasswordRequest {
+public:
+    explicit RememberingRequest(veld::IFileReaderPasswordRequest* dialog) : dialog_(dialog) {}
+    bool RequestPassword(ulo::WString& password, const ulo::WString& fileName) override {
+        const bool given = dialog_ && dialog_->RequestPassword(password, fileName);
+        last = given ? password.ToQString() : QString();
+        return given;
+    }
+    bool AskRetry(const ulo::WString& fileName) override {
+        return dialog_ && dialog_->AskRetry(fileName);
+    }
+    QString last;
+
+private:
+    veld::IFileReaderPasswordRequest* dialog_;
+};
+}  // namespace
 
 DemoWindow::DemoWindow(const QString& libraryPath, const QString& drawing) {
     view_ = new CVELDView(&cad_, this);
@@ -55,7 +74,8 @@ DemoWindow::DemoWindow(const QString& libraryPath, const QString& drawing) {
     statusBar()->addWidget(pointer_);
     statusBar()->addPermanentWidget(helpTopic_);
     ulo::SetHelpTopicListener([this](const ulo::WString& topic) {
-        helpTopic_->setText(topic.IsEmpty() ? QString() : QStringLiteral("help: ") + topic.ToQString());
+        helpTopic_->setText(topic.IsEmpty() ? QString()
+                                            : QStringLiteral("help: ") + topic.ToQString());
     });
     connect(view_, &CVELDView::PointerMoved, this, [this](double e, double n) {
         pointer_->setText(QStringLiteral("E %1  N %2").arg(e, 0, 'f', 2).arg(n, 0, 'f', 2));
@@ -135,8 +155,10 @@ void DemoWindow::OnChange(CVELD::Change why) {
 }
 
 void DemoWindow::UpdateTitle() {
-    const QString name = path_.isEmpty() ? QStringLiteral("sample drawing") : QFileInfo(path_).fileName();
-    setWindowTitle(QStringLiteral("%1%2 - veld demo").arg(modified_ ? QStringLiteral("*") : QString(), name));
+    const QString name =
+        path_.isEmpty() ? QStringLiteral("sample drawing") : QFileInfo(path_).fileName();
+    setWindowTitle(
+        QStringLiteral("%1%2 - veld demo").arg(modified_ ? QStringLiteral("*") : QString(), name));
 }
 
 void DemoWindow::UpdateActions() {
@@ -176,18 +198,19 @@ void DemoWindow::NewDrawing(bool sample) {
 }
 
 bool DemoWindow::OpenFile(const QString& path) {
-    std::unique_ptr<veld::IFileReaderPasswordRequest> request(
+    std::unique_ptr<veld::IFileReaderPasswordRequest> dialog(
         factory_ ? factory_->GetDlgPasswordRequest(this) : nullptr);
+    RememberingRequest request(dialog.get());
     QString error;
     loading_ = true;
-    const bool ok = drawingfile::Load(cad_, path, request.get(), error);
+    const bool ok = drawingfile::Load(cad_, path, &request, error);
     loading_ = false;
     if (!ok) {
         QMessageBox::warning(this, QStringLiteral("veld demo"), error);
         return false;
     }
     path_ = path;
-    password_.clear();
+    password_ = request.last;  // empty for a plain file: it is never asked
     modified_ = false;
     view_->ZoomExtents();
     UpdateTitle();
@@ -206,14 +229,16 @@ bool DemoWindow::SaveFile(const QString& path, const QString& password) {
     password_ = password;
     modified_ = false;
     UpdateTitle();
-    Log(QStringLiteral("saved %1%2").arg(path, password.isEmpty() ? QString() : QStringLiteral(" (sealed)")));
+    Log(QStringLiteral("saved %1%2")
+            .arg(path, password.isEmpty() ? QString() : QStringLiteral(" (sealed)")));
     return true;
 }
 
 void DemoWindow::Open() {
     if (!MaybeSave())
         return;
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Open drawing"), QString(), kFilter);
+    const QString path =
+        QFileDialog::getOpenFileName(this, QStringLiteral("Open drawing"), QString(), kFilter);
     if (!path.isEmpty())
         OpenFile(path);
 }
@@ -225,13 +250,12 @@ bool DemoWindow::Save() {
 bool DemoWindow::SaveAs(bool withPassword) {
     QString password;
     if (withPassword) {
-        bool ok = false;
-        password = QInputDialog::getText(this, QStringLiteral("Save with password"),
-                                         QStringLiteral("Password:"), QLineEdit::Password, QString(), &ok);
-        if (!ok || password.isEmpty())
+        password = NewPasswordDialog::Ask(this);
+        if (password.isEmpty())
             return false;
     }
-    QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save drawing"), path_, kFilter);
+    QString path =
+        QFileDialog::getSaveFileName(this, QStringLiteral("Save drawing"), path_, kFilter);
     if (path.isEmpty())
         return false;
     if (QFileInfo(path).suffix().isEmpty())
@@ -258,7 +282,8 @@ void DemoWindow::BuildMenus() {
     });
     file->addAction(QStringLiteral("&Open..."), QKeySequence::Open, this, [this] { Open(); });
     file->addAction(QStringLiteral("&Save"), QKeySequence::Save, this, [this] { Save(); });
-    file->addAction(QStringLiteral("Save &as..."), QKeySequence::SaveAs, this, [this] { SaveAs(false); });
+    file->addAction(QStringLiteral("Save &as..."), QKeySequence::SaveAs, this,
+                    [this] { SaveAs(false); });
     file->addAction(QStringLiteral("Save with &password..."), this, [this] { SaveAs(true); });
     file->addSeparator();
     file->addAction(QStringLiteral("&Quit"), QKeySequence::Quit, this, [this] { close(); });
@@ -301,10 +326,12 @@ void DemoWindow::BuildMenus() {
 
     QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
     view->addAction(QStringLiteral("Zoom &extents"), this, [this] { view_->ZoomExtents(); });
-    view->addAction(QStringLiteral("Zoom &in"), QKeySequence::ZoomIn, this,
-                    [this] { view_->ZoomAt(QPointF(view_->width() / 2.0, view_->height() / 2.0), 1.5); });
-    view->addAction(QStringLiteral("Zoom &out"), QKeySequence::ZoomOut, this,
-                    [this] { view_->ZoomAt(QPointF(view_->width() / 2.0, view_->height() / 2.0), 1 / 1.5); });
+    view->addAction(QStringLiteral("Zoom &in"), QKeySequence::ZoomIn, this, [this] {
+        view_->ZoomAt(QPointF(view_->width() / 2.0, view_->height() / 2.0), 1.5);
+    });
+    view->addAction(QStringLiteral("Zoom &out"), QKeySequence::ZoomOut, this, [this] {
+        view_->ZoomAt(QPointF(view_->width() / 2.0, view_->height() / 2.0), 1 / 1.5);
+    });
     QMenu* screen = view->addMenu(QStringLiteral("Device screen"));
     auto* group = new QActionGroup(this);
     const char* names[] = {"Portrait", "Tall portrait", "Landscape", "Wide landscape"};

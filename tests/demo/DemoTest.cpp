@@ -5,16 +5,21 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QFile>
 #include <QMenuBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include "DemoWindow.h"
+#include "NewPasswordDialog.h"
 #include "app/DrawingFile.h"
 #include "app/InsertEntsCmdExecuted.h"
 #include "app/VELDView.h"
+#include "support/ScriptedUser.h"
+#include "ulo/ctrl/Win.h"
 #include "veld/EntCollection.h"
+#include "veld/SealedFile.h"
 
 namespace {
 
@@ -58,8 +63,10 @@ TEST_F(DemoFixture, StartsOnTheSampleWithBuiltOperationsEnabled) {
     const struct {
         const char* name;
         bool enabled;
-    } ops[] = {{"ShowDlgGetDouble", true}, {"GetDlgPasswordRequest", true},
-               {"ShowDlgLayer", false},    {"ShowDlgProperty", false}};
+    } ops[] = {{"ShowDlgGetDouble", true},
+               {"GetDlgPasswordRequest", true},
+               {"ShowDlgLayer", false},
+               {"ShowDlgProperty", false}};
     for (const auto& op : ops) {
         QAction* a = action(window, QString::fromLatin1(op.name));
         ASSERT_NE(a, nullptr) << op.name;
@@ -105,7 +112,8 @@ TEST_F(DemoFixture, UndoAndRedoFromTheMenuChangeTheDrawing) {
     EXPECT_FALSE(undo->isEnabled());
 
     veld::CEntCollection texts;
-    veld::CEntText* text = CreateEntText(&cad, veld::TEXT_3D(L"New", GetCurStyle(&cad), 2, 0, 1, 0, {5, 5, 0}, 0, 0));
+    veld::CEntText* text =
+        CreateEntText(&cad, veld::TEXT_3D(L"New", GetCurStyle(&cad), 2, 0, 1, 0, {5, 5, 0}, 0, 0));
     texts.AddEnt(text);
     text->SubReference();
     const unsigned count = cad.GetData()->GetEntTable().GetNoEnts();
@@ -137,6 +145,41 @@ TEST_F(DemoFixture, SavedDrawingsOpenAgainTheSame) {
     EXPECT_EQ(drawingfile::Write(window.GetCAD()), before);
 }
 
+TEST_F(DemoFixture, ADrawingSealedFromTheDemoOpensAgainWithItsPassword) {
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("sealed.veld"));
+    const QByteArray before = drawingfile::Write(window.GetCAD());
+    using D = NewPasswordDialog;
+    veldtest::ScriptedUser user;
+    // Saving: the new password twice, mistyped once; lower case as people type.
+    user.Type(D::kIdPassword, QStringLiteral("secret"))
+        .Type(D::kIdRepeat, QStringLiteral("secrat"))
+        .Click(D::kIdOk)
+        .Answer(ulo::IDOK)
+        .Type(D::kIdRepeat, QStringLiteral("Secret"))
+        .Click(D::kIdOk)
+        .AnswerFile(file);
+    action(window, QStringLiteral("Save with password..."))->trigger();
+    ASSERT_TRUE(user.Finished()) << user.Report().toStdString();
+    ASSERT_EQ(user.Messages().size(), 1u);
+    EXPECT_TRUE(user.Messages()[0].text.contains(QLatin1String("differ")));
+
+    // Opening: a new drawing first, then File, Open and the library's password dialog.
+    action(window, QStringLiteral("New"))->trigger();
+    user.AnswerFile(file).Type(4779, QStringLiteral("secret")).Click(11196);
+    action(window, QStringLiteral("Open..."))->trigger();
+    ASSERT_TRUE(user.Finished()) << user.Report().toStdString();
+    EXPECT_EQ(drawingfile::Write(window.GetCAD()), before);
+
+    // Saving again keeps the seal and its password.
+    SetLtypeScale(&window.GetCAD(), 2.0);
+    action(window, QStringLiteral("Save"))->trigger();
+    QFile saved(file);
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    QByteArray plain;
+    EXPECT_TRUE(veld::CSealedFile::Open(saved.readAll(), L"SECRET", plain));
+}
+
 TEST(DemoWithoutLibrary, SaysSoAndDisablesTheOperations) {
     // The message box about the missing library is answered as a user would.
     bool told = false;
@@ -152,5 +195,6 @@ TEST(DemoWithoutLibrary, SaysSoAndDisablesTheOperations) {
     closer.stop();
     EXPECT_TRUE(told);
     EXPECT_FALSE(action(window, QStringLiteral("ShowDlgGetDouble"))->isEnabled());
-    EXPECT_GE(window.GetCAD().GetData()->GetEntTable().GetNoEnts(), 100u) << "the drawing is still there";
+    EXPECT_GE(window.GetCAD().GetData()->GetEntTable().GetNoEnts(), 100u)
+        << "the drawing is still there";
 }
