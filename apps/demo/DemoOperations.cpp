@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "app/view/VELDView.h"
 #include "app/InsertEntsCmdExecuted.h"
 #include "app/VELD.h"
 #include "factory/IVELDDlgFactory.h"

@@ -9,20 +9,19 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLibrary>
-#include <QLocalSocket>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QtEndian>
 #include <memory>
 
 #include "DemoOperations.h"
+#include "LauncherListener.h"
 #include "NewPasswordDialog.h"
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
-#include "app/VELDView.h"
+#include "app/view/VELDView.h"
 #include "ulo/HelpTopic.h"
 #include "ulo/PalmDevice.h"
 #include "veld/EntCollection.h"
@@ -99,23 +98,12 @@ DemoWindow::~DemoWindow() {
 }
 
 void DemoWindow::StartLauncherListener() {
-    // Stands in for the launcher window: the module reports itself loaded here.
-    QLocalServer::removeServer(QStringLiteral("Avvio_Talpa"));
-    launcher_.listen(QStringLiteral("Avvio_Talpa"));
-    connect(&launcher_, &QLocalServer::newConnection, this, [this] {
-        while (QLocalSocket* s = launcher_.nextPendingConnection()) {
-            s->waitForReadyRead(500);
-            const QByteArray msg = s->readAll();
-            if (msg.size() >= 12 && qFromLittleEndian<quint32>(msg.constData()) == 1165) {
-                moduleState_->setText(QStringLiteral("module: loaded (launcher notified)"));
-                Log(QStringLiteral("launcher: message 1165 received"));
-            }
-            const quint32 answer = 0;
-            s->write(reinterpret_cast<const char*>(&answer), sizeof answer);
-            s->flush();
-            s->disconnectFromServer();
-            s->deleteLater();
-        }
+    launcher_ = new LauncherListener(this);
+    connect(launcher_, &LauncherListener::Notified, this, [this](quint32 message, quint32, quint32) {
+        if (message != 1165)
+            return;
+        moduleState_->setText(QStringLiteral("module: loaded (launcher notified)"));
+        Log(QStringLiteral("launcher: message 1165 received"));
     });
 }
 

@@ -4,7 +4,6 @@
 // the drawing in a view (pan, zoom, tap to select), offers every factory
 // operation from a menu and a toolbar, keeps the undo list, and opens and
 // saves drawing files, sealed with a password when asked.
-#include <QLocalServer>
 #include <QMainWindow>
 #include <memory>
 
@@ -12,6 +11,7 @@
 #include "factory/IVELDDlgFactory.h"
 
 class CVELDView;
+class LauncherListener;
 class QAction;
 class QLabel;
 class QPlainTextEdit;
@@ -51,7 +51,7 @@ private:
     CVELD cad_;
     CVELDView* view_ = nullptr;
     IVELDDlgFactory* factory_ = nullptr;
-    QLocalServer launcher_;
+    LauncherListener* launcher_ = nullptr;
     QPlainTextEdit* log_ = nullptr;
     QLabel* moduleState_ = nullptr;
     QLabel* helpTopic_ = nullptr;

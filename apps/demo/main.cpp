@@ -2,14 +2,17 @@
 // library, with DRAWING open (or the built-in sample drawing). VELD_DEMO_SHOT=FILE.png
 // saves a picture of the window after start-up and quits; VELD_DEMO_SMOKE=1 quits at once.
 #include <QApplication>
-#include <QFileInfo>
+#include <QDir>
 #include <QTimer>
 
 #include "DemoWindow.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    QString library = QStringLiteral(VELD5_LIBRARY_PATH);
+    // The library stands in <prefix>/lib beside <prefix>/bin, in the build
+    // tree as where it is installed.
+    QString library = QDir::cleanPath(QCoreApplication::applicationDirPath() +
+                                      QStringLiteral("/../lib/libveld5DlgCE.so"));
     QString drawing;
     QStringList args = app.arguments();
     args.removeFirst();

@@ -6,7 +6,7 @@
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
-#include "app/VELDView.h"
+#include "app/view/VELDView.h"
 #include "veld/EntCollection.h"
 #include "veld/FileReaderPasswordRequest.h"
 

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "PlayHost.h"
-#include "support/ScriptedUser.h"
+#include "automation/ScriptedUser.h"
 #include "ulo/NumberText.h"
 #include "ulo/PalmDevice.h"
 #include "ulo/ctrl/Win.h"
@@ -95,7 +95,7 @@ bool toDouble(const Word& w, double& v) {
 }
 
 /// Queues one step on @p user; returns an error message for a bad step.
-QString queueStep(veldtest::ScriptedUser& user, const Statement& s) {
+QString queueStep(automation::ScriptedUser& user, const Statement& s) {
     const auto& w = s.words;
     const QString verb = w[0].text;
     const auto need = [&](std::size_t n) { return w.size() == n; };
@@ -206,7 +206,7 @@ void Player::Call(const Statement& call, const std::vector<Statement>& steps) {
             return Error(call.line, QStringLiteral("bad argument %1").arg(call.words[k].text));
         oc.args.insert(n, v);
     }
-    veldtest::ScriptedUser user;
+    automation::ScriptedUser user;
     user.onEvent = [this](const QJsonObject& e) {
         if (e.value(QStringLiteral("event")).toString() == QLatin1String("error"))
             ++errors_;

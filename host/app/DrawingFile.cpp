@@ -228,7 +228,7 @@ QJsonObject writeObject(const CVELD& constCad) {
                               {"style", s.curStyle ? q(s.curStyle->GetName()) : QString()}};
 
     for (int i = 0; i < cad.GetNoViews(); ++i) {
-        const CVELDView* v = cad.GetView(i);
+        const CViewState* v = cad.GetViewState(i);
         views.append(
             QJsonObject{{"grid", writeGrid(v->GetGrid())}, {"preset", v->GetPresetView()}});
     }
@@ -749,8 +749,8 @@ bool Read(CVELD& cad, const QByteArray& json, QString& error) {
     cad.UpdateAngleConverter();
     cad.SetOSnapper(p.osnapOn, p.osnapMask);
     for (int i = 0; i < cad.GetNoViews() && i < static_cast<int>(p.views.size()); ++i) {
-        cad.GetView(i)->GetGrid() = p.views[static_cast<size_t>(i)].grid;
-        cad.GetView(i)->SetPresetView(p.views[static_cast<size_t>(i)].preset);
+        cad.GetViewState(i)->GetGrid() = p.views[static_cast<size_t>(i)].grid;
+        cad.GetViewState(i)->SetPresetView(p.views[static_cast<size_t>(i)].preset);
     }
     while (cad.GetNoImages() > 0)
         cad.RemoveImage(cad.GetImage(0));

@@ -38,8 +38,8 @@ CVELD::~CVELD() {
     undo_.Clear();
     selection_->RemoveAllEnts();
     const auto views = views_;  // each view detaches itself
-    for (CVELDView* view : views)
-        view->ForgetVELD();
+    for (const View& view : views)
+        view.state->ForgetVELD();
     SetCurrentItems(nullptr, nullptr, nullptr);
 }
 
@@ -68,22 +68,31 @@ void CVELD::SetData(std::unique_ptr<veld::CData> data) {
 CVELDView* CVELD::GetActiveView() const {
     if (activeView_)
         return activeView_;
-    return views_.empty() ? nullptr : views_.front();
+    return views_.empty() ? nullptr : views_.front().window;
 }
 
+namespace {
+template <class Views>
+auto findView(Views& views, const CVELDView* window) {
+    return std::find_if(views.begin(), views.end(),
+                        [window](const auto& v) { return v.window == window; });
+}
+}  // namespace
+
 void CVELD::SetActiveView(CVELDView* view) {
-    if (std::find(views_.begin(), views_.end(), view) != views_.end())
+    if (findView(views_, view) != views_.end())
         activeView_ = view;
 }
 
-void CVELD::AttachView(CVELDView* view) {
-    if (std::find(views_.begin(), views_.end(), view) == views_.end())
-        views_.push_back(view);
+void CVELD::AttachView(CVELDView* window, CViewState* state) {
+    if (window && state && findView(views_, window) == views_.end())
+        views_.push_back({window, state});
 }
 
-void CVELD::DetachView(CVELDView* view) {
-    views_.erase(std::remove(views_.begin(), views_.end(), view), views_.end());
-    if (activeView_ == view)
+void CVELD::DetachView(CVELDView* window) {
+    if (auto it = findView(views_, window); it != views_.end())
+        views_.erase(it);
+    if (activeView_ == window)
         activeView_ = nullptr;
 }
 
@@ -301,10 +310,6 @@ bool DoColorSelectedEnts() {
 }
 void SetDoColorSelectedEnts(bool on) {
     globalColorSelected = on;
-}
-void SetDoColorSelectedEnts(CVELDView* view, bool on) {
-    if (view)
-        view->SetColorSelected(on);
 }
 
 veld::CEntCollection& GetSelectedEntCollection(const CVELD* cad) {

@@ -19,9 +19,11 @@
 #include "ICADCmdExecuted.h"
 #include "Operation.h"
 #include "UndoList.h"
-#include "VELDView.h"
+#include "ViewState.h"
 #include "pix/VELDImage.h"
 #include "veld/Data.h"
+
+class CVELDView;
 
 namespace veld {
 class CEnt;
@@ -71,14 +73,15 @@ public:
     /// reference on each (no notification: for a drawing being set up).
     void SetCurrentItems(veld::CLayer* layer, veld::CLtype* ltype, veld::CStyle* style);
 
-    // Views
+    // Views: the windows, and what the drawing keeps of each (its state).
     int GetNoViews() const { return static_cast<int>(views_.size()); }
-    CVELDView* GetView(int i) const { return i >= 0 && i < GetNoViews() ? views_[i] : nullptr; }
+    CVELDView* GetView(int i) const { return InRange(i) ? views_[i].window : nullptr; }
+    CViewState* GetViewState(int i) const { return InRange(i) ? views_[i].state : nullptr; }
     /// The view made active last (the first attached one until then).
     CVELDView* GetActiveView() const;
     void SetActiveView(CVELDView* view);
-    void AttachView(CVELDView* view);
-    void DetachView(CVELDView* view);
+    void AttachView(CVELDView* window, CViewState* state);
+    void DetachView(CVELDView* window);
 
     // The running operation; never null (the idle operation when none runs).
     COperation* GetActiveOperation() { return &operation_; }
@@ -173,7 +176,12 @@ private:
     SourceRelay relay_{*this};
     std::unique_ptr<veld::CEntCollection> selection_;
     std::vector<const veld::CEnt*> reflected_;
-    std::vector<CVELDView*> views_;
+    bool InRange(int i) const { return i >= 0 && i < GetNoViews(); }
+    struct View {
+        CVELDView* window;
+        CViewState* state;
+    };
+    std::vector<View> views_;
     CVELDView* activeView_ = nullptr;
     std::vector<std::unique_ptr<CVELDImage>> images_;
     CUndoList undo_;
@@ -223,10 +231,10 @@ void SetClrGrphWndBkGrnd(CVELD* cad, const GColor& c);
 void SetClrGrid(CVELD* cad, const GColor& c);
 void SetClrEntSelected(CVELD* cad, const GColor& c);
 void SetClrCrossHair(CVELD* cad, const GColor& c);
-/// The global "draw selected entities in the selection colour" setting.
+/// The global "draw selected entities in the selection colour" setting (a
+/// view's own one is set with the view, host/app/view/ViewAccess.h).
 bool DoColorSelectedEnts();
 void SetDoColorSelectedEnts(bool on);
-void SetDoColorSelectedEnts(CVELDView* view, bool on);
 
 // Selection. The collection holds a reference on each selected entity.
 veld::CEntCollection& GetSelectedEntCollection(const CVELD* cad);

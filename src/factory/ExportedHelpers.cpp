@@ -1,7 +1,7 @@
 // Exported helpers that forward to the host application.
 #include "IVELDDlgFactory.h"
 #include "app/VELD.h"
-#include "app/VELDView.h"
+#include "app/view/ViewAccess.h"
 
 extern "C" {
 void SetPresetViewTop(CVELDView* view) {

@@ -2,10 +2,20 @@
 // The dialog factory: the one entry of the library for dialogs. The host calls
 // CreateFactory once (or more: the factory is stateless) and asks the factory
 // to run modal dialogs. Each operation runs one dialog to completion.
+//
+// A public header: it names the host's types without including the host's
+// headers, so that a host compiles against it with its own.
 #include "Export.h"
-#include "ulo/Geom.h"
-#include "ulo/WString.h"
-#include "ulo/ctrl/Win.h"
+
+class QWidget;
+namespace ulo {
+class WString;
+using CWnd = QWidget;  // the parent window of a dialog
+namespace geom {
+struct PNT_3D;
+}
+}  // namespace ulo
+using ulo::CWnd;
 
 class CVELD;
 class CVELDView;

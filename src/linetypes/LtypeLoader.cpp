@@ -19,6 +19,19 @@
 
 namespace veld {
 
+/// One rejected definition while loading: its name and error code (1..7).
+/// Raised while a definition is parsed, caught by Load itself.
+class CLtypeLoaderLoadError {
+public:
+    CLtypeLoaderLoadError(ulo::WString name, int code) : name_(std::move(name)), code_(code) {}
+    const ulo::WString& GetName() const { return name_; }
+    int GetCode() const { return code_; }
+
+private:
+    ulo::WString name_;
+    int code_;
+};
+
 namespace {
 
 constexpr double kDegToRad = 0.01745329251994;
@@ -179,6 +192,7 @@ void writeLine(std::FILE* f, const std::wstring& line) {
 }  // namespace
 
 struct CLtypeLoader::Private {
+    Private(const CStyleTable* s, CObjectFactory* f) : styles(s), factory(f) {}
     const CStyleTable* styles;
     CObjectFactory* factory;
     IErrorNotifier* notifier = nullptr;
@@ -279,11 +293,9 @@ CLtypeComplexDashSeq CLtypeLoader::Private::Parse(const std::wstring& name,
 }
 
 CLtypeLoader::CLtypeLoader(const CStyleTable* styles, CObjectFactory* factory)
-    : d(new Private{styles, factory, nullptr, {}, {}, nullptr}) {}
+    : d(std::make_unique<Private>(styles, factory)) {}
 
-CLtypeLoader::~CLtypeLoader() {
-    delete d;
-}
+CLtypeLoader::~CLtypeLoader() = default;
 
 int CLtypeLoader::Load(const wchar_t* path) {
     d->ltypes.RemoveAll();

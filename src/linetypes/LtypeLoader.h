@@ -6,8 +6,15 @@
 // character and back. A character above 255 cannot be written: Save stops at
 // that line. Header lines and text elements longer than 1023 characters are
 // cut to 1023 characters when saved.
+// A public header: it names the host's types without including the host's
+// headers, so that a host compiles against it with its own.
+#include <memory>
+
 #include "factory/Export.h"
-#include "ulo/WString.h"
+
+namespace ulo {
+class WString;
+}
 
 namespace veld {
 
@@ -15,18 +22,6 @@ class CLtype;
 class CStyle;
 class CStyleTable;
 class CObjectFactory;
-
-/// One rejected definition while loading: its name and error code (1..7).
-class CLtypeLoaderLoadError {
-public:
-    CLtypeLoaderLoadError(ulo::WString name, int code) : name_(std::move(name)), code_(code) {}
-    const ulo::WString& GetName() const { return name_; }
-    int GetCode() const { return code_; }
-
-private:
-    ulo::WString name_;
-    int code_;
-};
 
 class VELD5_EXPORT CLtypeLoader {
 public:
@@ -61,8 +56,9 @@ public:
     void SetNotifier(IErrorNotifier* notifier);
 
 private:
+    // One pointer: the exported layout never changes with the private state.
     struct Private;
-    Private* d;
+    const std::unique_ptr<Private> d;
 };
 
 }  // namespace veld

@@ -1,6 +1,7 @@
 #include "CGridSnapCmdExecuted.h"
 
-#include "app/VELDView.h"
+#include "app/Grid.h"
+#include "app/view/ViewAccess.h"
 #include "ulo/Memento.h"
 
 namespace veld5 {
@@ -8,7 +9,7 @@ namespace veld5 {
 using ulo::SwapMemento;
 
 CGridSnapCmdExecuted::CGridSnapCmdExecuted(CVELDView* view, ulo::IMemento* before)
-    : ICADCmdExecuted(view->GetVELD()), view_(view), memento_(before) {}
+    : ICADCmdExecuted(GetViewVELD(view)), view_(view), memento_(before) {}
 
 CGridSnapCmdExecuted::~CGridSnapCmdExecuted() {
     if (memento_)

@@ -17,7 +17,7 @@
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
-#include "app/VELDView.h"
+#include "app/view/VELDView.h"
 
 namespace {
 

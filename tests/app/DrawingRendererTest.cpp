@@ -5,7 +5,7 @@
 #include <QImage>
 #include <QPainter>
 
-#include "app/DrawingRenderer.h"
+#include "app/view/DrawingRenderer.h"
 #include "app/VELD.h"
 #include "veld/EntCollection.h"
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/VELD.h"
+#include "app/view/VELDView.h"
 
 namespace {
 class FlipCommand : public ICADCmdExecuted {

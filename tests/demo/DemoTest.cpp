@@ -3,6 +3,11 @@
 // reported without a crash.
 #include <gtest/gtest.h>
 
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 #include <QAction>
 #include <QApplication>
 #include <QFile>
@@ -10,13 +15,16 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <cstring>
+#include <vector>
 
 #include "DemoWindow.h"
+#include "LauncherListener.h"
 #include "NewPasswordDialog.h"
 #include "app/DrawingFile.h"
 #include "app/InsertEntsCmdExecuted.h"
-#include "app/VELDView.h"
-#include "support/ScriptedUser.h"
+#include "app/view/VELDView.h"
+#include "automation/ScriptedUser.h"
 #include "ulo/ctrl/Win.h"
 #include "veld/EntCollection.h"
 #include "veld/SealedFile.h"
@@ -150,7 +158,7 @@ TEST_F(DemoFixture, ADrawingSealedFromTheDemoOpensAgainWithItsPassword) {
     const QString file = dir.filePath(QStringLiteral("sealed.veld"));
     const QByteArray before = drawingfile::Write(window.GetCAD());
     using D = NewPasswordDialog;
-    veldtest::ScriptedUser user;
+    automation::ScriptedUser user;
     // Saving: the new password twice, mistyped once; lower case as people type.
     user.Type(D::kIdPassword, QStringLiteral("secret"))
         .Type(D::kIdRepeat, QStringLiteral("secrat"))
@@ -178,6 +186,38 @@ TEST_F(DemoFixture, ADrawingSealedFromTheDemoOpensAgainWithItsPassword) {
     ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
     QByteArray plain;
     EXPECT_TRUE(veld::CSealedFile::Open(saved.readAll(), L"SECRET", plain));
+}
+
+TEST(LauncherListener, AnswersWhileTheDemosOwnThreadWaits) {
+    // The module's start-up runs on the demo's thread and waits for the
+    // answer: a listener served by that thread's event loop could only
+    // answer after the wait. Here the thread blocks as the module does.
+    QTemporaryDir dir;
+    const QByteArray oldTmp = qgetenv("TMPDIR");
+    qputenv("TMPDIR", dir.path().toLocal8Bit());
+    LauncherListener listener;
+    qputenv("TMPDIR", oldTmp);
+    ASSERT_TRUE(listener.IsListening());
+    QObject receiver;  // on this thread: the notification comes queued, as to the window
+    std::vector<quint32> notified;
+    QObject::connect(&listener, &LauncherListener::Notified, &receiver,
+                     [&](quint32 message, quint32 wParam, quint32 lParam) {
+                         notified = {message, wParam, lParam};
+                     });
+
+    const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un addr{};
+    addr.sun_family = AF_UNIX;
+    const QByteArray path = dir.filePath(QStringLiteral("Avvio_Talpa")).toLocal8Bit();
+    std::strncpy(addr.sun_path, path.constData(), sizeof addr.sun_path - 1);
+    ASSERT_EQ(::connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
+    const quint32 msg[3] = {1165, 1, 0};
+    ASSERT_EQ(::send(fd, msg, sizeof msg, 0), static_cast<ssize_t>(sizeof msg));
+    pollfd in{fd, POLLIN, 0};
+    EXPECT_EQ(::poll(&in, 1, 10000), 1) << "no answer while this thread waited";
+    ::close(fd);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !notified.empty(); }, 5000));
+    EXPECT_EQ(notified, (std::vector<quint32>{1165, 1, 0}));
 }
 
 TEST(DemoWithoutLibrary, SaysSoAndDisablesTheOperations) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "app/VELD.h"
+#include "app/view/VELDView.h"
 #include "factory/IVELDDlgFactory.h"
 #include "veld/EntCollection.h"
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "factory/IVELDDlgFactory.h"
-#include "support/ScriptedUser.h"
+#include "automation/ScriptedUser.h"
 #include "ulo/PalmDevice.h"
 
 class FactoryTest : public ::testing::Test {
@@ -16,7 +16,7 @@ protected:
     void TearDown() override { CPalmDevice::SetLayoutOverride(-1); }
 
     /// Fails the test when a step did not run or something failed.
-    static void ExpectFinished(const veldtest::ScriptedUser& user) {
+    static void ExpectFinished(const automation::ScriptedUser& user) {
         EXPECT_TRUE(user.Finished()) << user.Report().toStdString();
     }
 

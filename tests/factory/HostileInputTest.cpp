@@ -12,7 +12,7 @@
 #include "veld/FileReaderPasswordRequest.h"
 
 using veldtest::Printable;
-using veldtest::ScriptedUser;
+using automation::ScriptedUser;
 
 namespace {
 constexpr unsigned kOk = 11196;

@@ -3,7 +3,7 @@
 #include "FactoryFixture.h"
 #include "ulo/ctrl/Dialog.h"
 
-using veldtest::ScriptedUser;
+using automation::ScriptedUser;
 
 class LayoutChoice : public FactoryTest, public ::testing::WithParamInterface<int> {};
 

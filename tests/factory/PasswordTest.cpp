@@ -5,7 +5,7 @@
 #include "ulo/ctrl/Dialog.h"
 #include "veld/FileReaderPasswordRequest.h"
 
-using veldtest::ScriptedUser;
+using automation::ScriptedUser;
 
 namespace {
 constexpr unsigned kOk = 11196;

@@ -6,7 +6,7 @@
 
 #include "factory/Module.h"
 #include "factory/Scopes.h"
-#include "support/ScriptedUser.h"
+#include "automation/ScriptedUser.h"
 #include "ulo/ctrl/MessageBox.h"
 
 TEST(Scopes, ResourceModuleAndEventBracketRestoreOnExceptions) {
@@ -33,7 +33,7 @@ TEST(ScriptedUser, AnswersFileDialogsAndHearsBeeps) {
     QFile f(lin);
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.close();
-    veldtest::ScriptedUser user;
+    automation::ScriptedUser user;
     user.AnswerFile(lin).CancelFile();
     ulo::WString path;
     EXPECT_TRUE(ulo::GetOpenFileName(nullptr, L"Open", L"Linetype|*.lin",

@@ -5,7 +5,7 @@
 #include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/Win.h"
 
-using veldtest::ScriptedUser;
+using automation::ScriptedUser;
 
 namespace {
 constexpr unsigned kOk = 11196;

@@ -7,6 +7,7 @@
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
+#include "app/view/VELDView.h"
 #include "shell/CPropDrawingCmdExecuted.h"
 #include "shell/CPropertyMultiCmdExecuted.h"
 #include "shell/CGridSnapCmdExecuted.h"

@@ -8,29 +8,20 @@
 #include <QWidget>
 
 #include "DrawingRenderer.h"
-#include "Grid.h"
+#include "ViewAccess.h"
+#include "app/ViewState.h"
 
-class CVELD;
 namespace veld {
 class CData;
 }
 
-class CVELDView : public QWidget {
+class CVELDView : public QWidget, public CViewState {
     Q_OBJECT
 public:
     explicit CVELDView(CVELD* cad, QWidget* parent = nullptr);
     ~CVELDView() override;
     CVELD* GetVELD() const { return cad_; }
-    /// The CAD instance is going away before the view.
-    void ForgetVELD();
-    CGrid& GetGrid() { return grid_; }
-    const CGrid& GetGrid() const { return grid_; }
-    /// Preset view 1..10 (top, bottom, front, back, left, right, SW, SE, NE,
-    /// NW isometric); 1 at start.
-    int GetPresetView() const { return preset_; }
-    void SetPresetView(int preset) { preset_ = preset; }
-    bool GetColorSelected() const { return colorSelected_; }
-    void SetColorSelected(bool on) { colorSelected_ = on; }
+    void ForgetVELD() override;
 
     /// Shows the whole drawing.
     void ZoomExtents();
@@ -62,9 +53,6 @@ private:
 
     CVELD* cad_;
     int listener_ = 0;
-    CGrid grid_;
-    int preset_ = 1;
-    bool colorSelected_ = true;
     ViewTransform view_;
     const veld::CData* shownData_ = nullptr;  // zoomed to extents for this drawing
     QPointF pressAt_;
@@ -76,9 +64,3 @@ private:
     QPixmap picture_;  // the drawing as last drawn, under the cross-hair
     bool pictureValid_ = false;
 };
-
-/// The grid the dialogs edit in place.
-const CGrid& GetViewGrid(const CVELDView* view);
-CGrid& GetViewGridForEdit(CVELDView* view);
-/// Sets the preset view direction 1..10; other numbers are ignored.
-void SetPresetView(CVELDView* view, int preset);

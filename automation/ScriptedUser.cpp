@@ -22,7 +22,7 @@
 #include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/MessageBox.h"
 
-namespace veldtest {
+namespace automation {
 
 namespace {
 constexpr int kTickMs = 5;
@@ -568,4 +568,4 @@ QString ScriptedUser::Report() const {
     return lines.join(QLatin1Char('\n'));
 }
 
-}  // namespace veldtest
+}  // namespace automation

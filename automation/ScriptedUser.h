@@ -17,7 +17,7 @@
 class QTimer;
 class QWidget;
 
-namespace veldtest {
+namespace automation {
 
 struct MessageRecord {
     QString caption;
@@ -119,4 +119,4 @@ private:
     bool stopped_ = false;  ///< no ticks (a helper that runs one step itself)
 };
 
-}  // namespace veldtest
+}  // namespace automation

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <unordered_set>
 
-#include "VELD.h"
+#include "app/VELD.h"
 #include "veld/Colors.h"
 
 namespace drawingrender {

@@ -6,7 +6,7 @@
 #include <QPinchGesture>
 #include <cmath>
 
-#include "VELD.h"
+#include "app/VELD.h"
 
 namespace {
 constexpr double kDragStart = 6.0;  // pixels a press moves before it pans
@@ -19,7 +19,7 @@ CVELDView::CVELDView(CVELD* cad, QWidget* parent) : QWidget(parent), cad_(cad) {
     view_.size = size();
     if (!cad_)
         return;
-    cad_->AttachView(this);
+    cad_->AttachView(this, this);
     listener_ = cad_->AddChangeListener([this](CVELD::Change) { Redraw(); });
 }
 
@@ -87,7 +87,7 @@ void CVELDView::paintEvent(QPaintEvent*) {
         picture_ = QPixmap(size() * ratio);
         picture_.setDevicePixelRatio(ratio);
         QPainter p(&picture_);
-        drawingrender::Paint(p, *cad_, grid_, view_);
+        drawingrender::Paint(p, *cad_, GetGrid(), view_);
         pictureValid_ = true;
     }
     QPainter painter(this);
@@ -183,6 +183,9 @@ void CVELDView::Tap(const QPointF& screen) {
     }
 }
 
+CVELD* GetViewVELD(const CVELDView* view) {
+    return view ? view->GetVELD() : nullptr;
+}
 const CGrid& GetViewGrid(const CVELDView* view) {
     return view->GetGrid();
 }
@@ -192,4 +195,8 @@ CGrid& GetViewGridForEdit(CVELDView* view) {
 void SetPresetView(CVELDView* view, int preset) {
     if (view && preset >= 1 && preset <= 10)
         view->SetPresetView(preset);
+}
+void SetDoColorSelectedEnts(CVELDView* view, bool on) {
+    if (view)
+        view->SetColorSelected(on);
 }
