@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the dependencies, builds everything and runs the whole test suite
-# headless, twice: in the machine's locale and in a decimal-comma one.
+# headless, twice: in the machine's locale and in a decimal-comma one. Then
+# checks the installable package (scripts/check-package.sh).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
@@ -10,3 +11,4 @@ cmake --build "$BUILD" -j2
 QT_QPA_PLATFORM=offscreen ctest --test-dir "$BUILD" --output-on-failure -j2
 # Once more where the decimal separator is a comma, as for many of our users.
 LC_ALL=it_IT.UTF-8 QT_QPA_PLATFORM=offscreen ctest --test-dir "$BUILD" --output-on-failure -j2
+bash scripts/check-package.sh

@@ -1,0 +1,18 @@
+// Creates a factory and a line type loader through the installed headers;
+// exit status 0 when both work.
+#include <factory/IVELDDlgFactory.h>
+#include <linetypes/LtypeLoader.h>
+
+#include <cstdio>
+#include <fstream>
+
+int main() {
+    IVELDDlgFactory* factory = CreateFactory();
+    veld::CLtypeLoader loader(nullptr, nullptr);
+    const bool library = std::ifstream(VELD_SUPPORT "/veld.lin").good();
+    const bool ok = factory && loader.Load(L"/nonexistent/none.lin") == -1 &&
+                    loader.GetNoLtypes() == 0 && library;
+    std::printf("factory %s, loader %s, support %s\n", factory ? "created" : "missing",
+                loader.GetNoLtypes() == 0 ? "works" : "broken", library ? "found" : "missing");
+    return ok ? 0 : 1;
+}
