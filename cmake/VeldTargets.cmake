@@ -5,17 +5,20 @@ function(veld_target_defaults target)
   set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
 endfunction()
 
-# veld_add_test(NAME SOURCES ... LIBS ...): one GoogleTest executable, run by
-# ctest headless (offscreen Qt platform).
+# veld_add_test(NAME SOURCES ... LIBS ...): one GoogleTest executable whose
+# cases ctest runs, reports and times one by one, headless (offscreen Qt).
+include(GoogleTest)
 function(veld_add_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   veld_target_defaults(${name})
   target_link_libraries(${name} PRIVATE veldtestsupport ${ARG_LIBS} GTest::gtest)
-  add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;VELD_SUPPORT_DIR=${CMAKE_SOURCE_DIR}/support"
-    TIMEOUT 300)
+  gtest_discover_tests(${name}
+    DISCOVERY_MODE PRE_TEST
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES
+      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;VELD_SUPPORT_DIR=${CMAKE_SOURCE_DIR}/support"
+      TIMEOUT 300)
 endfunction()
 
 # veld_model_target(TARGET): TARGET belongs to the model or the line type
