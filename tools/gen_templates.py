@@ -1,10 +1,32 @@
 #!/usr/bin/env python3
-"""Writes src/res/templates/Dialogs.cpp: the placement of every control of the
-dialog templates in the four layouts. Each dialog is a function that places its
-controls for one layout (width W, height H in dialog units); the script checks
-that every layout yields the same controls in the same order and emits them as
-data. Run it after changing a placement: python3 tools/gen_templates.py"""
+"""Writes the dialog templates: the placement of every control of every dialog
+in the four layouts (portrait 138x167, tall 138x217, landscape 179x120, wide
+229x120, in dialog units).
+
+Each dialog is a function that places its controls for one layout (width W,
+height H); the script checks that every layout yields the same controls in the
+same order and emits them as data, one control per line:
+
+  src/res/templates/Dialogs.cpp     every dialog but the value entry ones
+  src/res/templates/ValueEntry.cpp  password, number, text and rotation entry
+
+The output is final as written: no formatter pass is wanted, and the data sits
+between clang-format off/on markers so that formatting the tree leaves it be.
+
+Usage, from anywhere in the checkout:
+
+  python3 tools/gen_templates.py          rewrite both files after a change
+  python3 tools/gen_templates.py --check  only compare; exit status 1 and the
+                                          names of the files that differ when
+                                          the checked-in text is not the output
+
+The build runs the check as a test (ctest -R templates_generated)."""
+import argparse
+import difflib
 import os
+import sys
+
+ROOT = os.path.normpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), '..'))
 
 SIZES = [(138, 167), (138, 217), (179, 120), (229, 120)]
 M = 6          # margin
@@ -13,6 +35,11 @@ ROW = 14       # pitch of label/field rows
 EDIT_H = 12
 COMBO_H = 13
 LAND_BTN_W = 44
+# A group box's title stands on its own line above the frame line, so the first
+# row inside a group starts this far below the group's top edge...
+GB_TOP = 12
+# ...and its contents keep at least this far from the side and bottom lines.
+GB_PAD = 2
 
 
 class Layout:
@@ -65,9 +92,10 @@ class Layout:
     def content_bottom(self):
         return self.H - M - (0 if self.land else BTN_H + 6)
 
-    def field(self, label, cid, x, y, lw, fw, kind='Edit', style='kNumeric | kAutoHScroll | kBorder', **kw):
+    def field(self, label, cid, x, y, lw, fw, kind='Edit', style='kNumeric | kAutoHScroll | kBorder',
+              h=None, **kw):
         self.add(65535, 'Static', label, x, y + 2, lw, 9, **{k: v for k, v in kw.items() if k.startswith('alt')})
-        h = COMBO_H if kind == 'ComboBox' else EDIT_H
+        h = h or (COMBO_H if kind == 'ComboBox' else EDIT_H)
         self.add(cid, kind, '', x + lw + 2, y, fw, h, style)
         return y + ROW
 
@@ -128,43 +156,47 @@ def d11020(L):  # Grid & Snap container
 
 
 def d11024(L):  # Text insert
+    style_rows = (('Height :', 11140, 'Edit'), ('Width factor :', 11143, 'Edit'),
+                  ('Rotation :', 11142, 'Edit'), ('Slant angle :', 11141, 'Edit'),
+                  ('Justify :', 11144, 'ComboBox'), ('Style :', 11145, 'ComboBox'))
     if L.land:
         lcol = 66 if L.v == 2 else 86
         rx = M + lcol + 4
         rw = L.W - M - rx
-        gh = 9 + 3 * 13 + 3
+        pitch = 13
+        gh = GB_TOP + 2 * pitch + EDIT_H + GB_PAD + 1
         L.add(65535, 'GroupBox', 'Text...', M, 2, lcol, gh)
         for i, cid in enumerate((11139, 11146, 11147)):
-            L.add(cid, 'Edit', '', M + 4, 12 + i * 13, lcol - 8, EDIT_H, 'kAutoHScroll | kBorder')
-        L.add(65535, 'GroupBox', 'Style...', rx, 2, rw, 9 + 6 * 13 + 4)
+            L.add(cid, 'Edit', '', M + 4, 2 + GB_TOP + i * pitch, lcol - 8, EDIT_H, 'kAutoHScroll | kBorder')
+        L.add(65535, 'GroupBox', 'Style...', rx, 2, rw, GB_TOP + 5 * pitch + COMBO_H + GB_PAD + 1)
         lw = 50
-        y = 12
+        y = 2 + GB_TOP
         fw = rw - lw - 10
-        for label, cid, kind in (('Height :', 11140, 'Edit'), ('Width factor :', 11143, 'Edit'),
-                                 ('Rotation :', 11142, 'Edit'), ('Slant angle :', 11141, 'Edit'),
-                                 ('Justify :', 11144, 'ComboBox'), ('Style :', 11145, 'ComboBox')):
+        for label, cid, kind in style_rows:
             style = 'kNumeric | kAutoHScroll | kBorder' if kind == 'Edit' else '0'
-            y = L.field(label, cid, rx + 4, y, lw, fw, kind, style) + 13 - ROW
+            y = L.field(label, cid, rx + 4, y, lw, fw, kind, style) + pitch - ROW
         by = L.H - M - 2 * BTN_H - 4
         L.add(11196, 'PushButton', 'OK', M, by, lcol, BTN_H, 'kDefault')
         L.add(11197, 'PushButton', 'Cancel', M, by + BTN_H + 4, lcol, BTN_H)
         return
+    # Nine rows and two group titles above the button row: the short portrait
+    # layout packs its fields one unit tighter to keep them all clear of it.
     tall = L.v == 1
-    pitch = 15 if tall else 13
+    pitch, edit_h, combo_h = (15, EDIT_H, COMBO_H) if tall else (12, EDIT_H - 1, COMBO_H - 1)
     gw = L.W - 2 * M
-    gh = 9 + 3 * pitch + 3
-    L.add(65535, 'GroupBox', 'Text...', M, 2, gw, gh)
+    y0 = 2 if tall else 1
+    gh = GB_TOP + 2 * pitch + edit_h + GB_PAD + 1
+    L.add(65535, 'GroupBox', 'Text...', M, y0, gw, gh)
     for i, cid in enumerate((11139, 11146, 11147)):
-        L.add(cid, 'Edit', '', M + 4, 12 + i * pitch, gw - 8, EDIT_H, 'kAutoHScroll | kBorder')
-    y0 = 2 + gh + (6 if tall else 2)
-    L.add(65535, 'GroupBox', 'Style...', M, y0, gw, 9 + 6 * pitch + 2)
-    y = y0 + 10
+        L.add(cid, 'Edit', '', M + 4, y0 + GB_TOP + i * pitch, gw - 8, edit_h, 'kAutoHScroll | kBorder')
+    y0 += gh + (6 if tall else 1)
+    L.add(65535, 'GroupBox', 'Style...', M, y0, gw, GB_TOP + 5 * pitch + combo_h + GB_PAD + 1)
+    y = y0 + GB_TOP
     lw = 52
-    for label, cid, kind in (('Height :', 11140, 'Edit'), ('Width factor :', 11143, 'Edit'),
-                             ('Rotation :', 11142, 'Edit'), ('Slant angle :', 11141, 'Edit'),
-                             ('Justify :', 11144, 'ComboBox'), ('Style :', 11145, 'ComboBox')):
+    for label, cid, kind in style_rows:
         style = 'kNumeric | kAutoHScroll | kBorder' if kind == 'Edit' else '0'
-        L.field(label, cid, M + 4, y, lw, gw - lw - 10, kind, style)
+        L.field(label, cid, M + 4, y, lw, gw - lw - 10, kind, style,
+                h=combo_h if kind == 'ComboBox' else edit_h)
         y += pitch
     L.ok_cancel()
 
@@ -227,11 +259,22 @@ def d11036(L):  # Loading Line Type
 
 def d11040(L):  # Angle system
     W = L.W
-    h = 70 if not L.land else L.H - 26
-    L.add(65535, 'GroupBox', 'Choice of the measuring system of the angles', 1, M, W - 2, h)
-    L.add(11123, 'RadioButton', 'Degrees ( 360\u00b0 )\\nOrigin at East - Counterclockwise', 3, M + 14,
+    title = 'Choice of the measuring system of the angles'
+    if L.land:
+        y, h = M, L.H - 26
+        L.add(65535, 'Static', title, 1, M, W - 2, 9, 'kMultiline', hiddenIn='0xC')
+        L.add(65535, 'GroupBox', title, 1, y, W - 2, h, altLabel='', altLabelIn='0x3')
+        top = y + GB_TOP + 2
+    else:
+        # The title is wider than a portrait screen: it stands above the frame
+        # on two lines, and the frame goes without a caption there.
+        L.add(65535, 'Static', title, 3, 4, W - 6, 20, 'kMultiline', hiddenIn='0xC')
+        y, h = 26, 59
+        L.add(65535, 'GroupBox', title, 1, y, W - 2, h, altLabel='', altLabelIn='0x3')
+        top = y + 5
+    L.add(11123, 'RadioButton', 'Degrees ( 360\u00b0 )\\nOrigin at East - Counterclockwise', 3, top,
           W - 6, 22, 'kGroupStart | kMultiline')
-    L.add(11124, 'RadioButton', 'Gons ( 400\u00b0 )\\nOrigin at North - Clockwise', 3, M + 40,
+    L.add(11124, 'RadioButton', 'Gons ( 400\u00b0 )\\nOrigin at North - Clockwise', 3, top + 26,
           W - 6, 22, 'kMultiline')
     if L.land:
         bw = 50
@@ -244,23 +287,34 @@ def d11040(L):  # Angle system
 def d11044(L):  # Color options
     right = L.content_right()
     land = L.land
+    # The palette groups and the logical colours across the top, then the
+    # strips of the full palette; name and preview below them in portrait, in
+    # the right-hand column with the buttons in landscape.
     if land:
-        # The palette across the top, the small strips and logical colours
-        # below it; name, preview and buttons in the right-hand column.
         L.add(65535, 'GroupBox', 'Color options', 2, 1, right - 1, L.H - 3)
-        x = 6
-        L.add(65535, 'GroupBox', 'Standard color', x, 10, 58, 24)
-        L.add(11187, 'Custom', '', x + 3, 20, 52, 11)
-        L.add(65535, 'GroupBox', 'Gray shades', x + 60, 10, right - x - 62, 24,
-              altLabel='Gray tone', altLabelIn='0xC')
-        L.add(11189, 'Custom', '', x + 63, 20, 35, 11)
-        L.add(65535, 'GroupBox', 'Logical colors', x, 36, right - x - 2, 24)
-        bw = (right - x - 12) // 2
-        L.add(11190, 'PushButton', 'By Layer', x + 4, 45, bw, 13)
-        L.add(11191, 'PushButton', 'By Block', x + 6 + bw, 45, bw, 13)
-        L.add(65535, 'Static', 'Full palette of colors', x, 62, 90, 9)
-        L.add(11192, 'Custom', '', x, 72, right - x - 3, 21)
-        L.add(11193, 'Custom', '', x, 94, right - x - 3, 21)
+    else:
+        L.add(65535, 'GroupBox', 'Color options', 2, 1, right - 1, L.content_bottom() - 2)
+    x = 6
+    y = 1 + GB_TOP
+    sh = GB_TOP + 11 + GB_PAD
+    L.add(65535, 'GroupBox', 'Standard color', x, y, 58, sh)
+    L.add(11187, 'Custom', '', x + 3, y + GB_TOP, 52, 11)
+    L.add(65535, 'GroupBox', 'Gray shades', x + 60, y, right - x - 62, sh,
+          altLabel='Gray tone', altLabelIn='0xC')
+    L.add(11189, 'Custom', '', x + 63, y + GB_TOP, 35, 11)
+    y += sh + 1
+    lh = GB_TOP + 13 + GB_PAD
+    L.add(65535, 'GroupBox', 'Logical colors', x, y, right - x - 2, lh)
+    bw = (right - x - 12) // 2
+    L.add(11190, 'PushButton', 'By Layer', x + 4, y + GB_TOP, bw, 13)
+    L.add(11191, 'PushButton', 'By Block', x + 6 + bw, y + GB_TOP, bw, 13)
+    y += lh + 1
+    L.add(65535, 'Static', 'Full palette of colors', x, y, 90, 9)
+    y += 10
+    ph = {0: 20, 1: 30}.get(L.v, 19)
+    L.add(11192, 'Custom', '', x, y, right - x - 3, ph)
+    L.add(11193, 'Custom', '', x, y + ph + 1, right - x - 3, ph)
+    if land:
         cx = right + 6
         cw = L.W - M - cx
         L.add(65535, 'Static', 'Color :', cx, 4, cw, 9)
@@ -268,25 +322,6 @@ def d11044(L):  # Color options
         L.add(11195, 'Custom', '', cx, 30, 18, 18, 'kBorder')
         L.ok_cancel()
         return
-    L.add(65535, 'GroupBox', 'Color options', 2, 1, right - 1, L.content_bottom() - 2)
-    x = 6
-    y = 10
-    L.add(65535, 'GroupBox', 'Standard color', x, y, 58, 24)
-    L.add(11187, 'Custom', '', x + 3, y + 10, 52, 11)
-    L.add(65535, 'GroupBox', 'Gray shades', x + 60, y, right - x - 62, 24,
-          altLabel='Gray tone', altLabelIn='0xC')
-    L.add(11189, 'Custom', '', x + 63, y + 10, 35, 11)
-    y += 26
-    L.add(65535, 'GroupBox', 'Logical colors', x, y, right - x - 2, 25)
-    bw = (right - x - 12) // 2
-    L.add(11190, 'PushButton', 'By Layer', x + 4, y + 9, bw, 13)
-    L.add(11191, 'PushButton', 'By Block', x + 6 + bw, y + 9, bw, 13)
-    y += 27
-    L.add(65535, 'Static', 'Full palette of colors', x, y, 90, 9)
-    y += 10
-    ph = 22 if L.v == 0 else 30
-    L.add(11192, 'Custom', '', x, y, right - x - 3, ph)
-    L.add(11193, 'Custom', '', x, y + ph + 1, right - x - 3, ph)
     y += 2 * ph + 4
     L.add(65535, 'Static', 'Color :', x, y + 2, 26, 9)
     L.add(11194, 'Edit', '', x + 28, y, right - x - 54, EDIT_H, 'kReadOnly | kAutoHScroll | kBorder',
@@ -346,31 +381,35 @@ def d11056(L):  # Text style
     # Text style group: list, then New / Rename / Delete
     y = 1
     two_rows = L.v == 2
-    L.add(65535, 'GroupBox', 'Text style', lx, y, lw, 57 if two_rows else 41)
-    L.add(11100, 'ComboBox', '', lx + 4, y + 9, lw - 8, COMBO_H)
+    by = y + GB_TOP + COMBO_H + 2
+    th = by + (30 if two_rows else 14) + GB_PAD - y
+    L.add(65535, 'GroupBox', 'Text style', lx, y, lw, th)
+    L.add(11100, 'ComboBox', '', lx + 4, y + GB_TOP, lw - 8, COMBO_H)
     if two_rows:
-        bw = (lw - 6) // 2
-        places = ((lx + 2, y + 24), (lx + 4 + bw, y + 24), (lx + 2, y + 40))
+        bw = (lw - 8) // 2
+        places = ((lx + 3, by), (lx + 5 + bw, by), (lx + 3, by + 16))
     else:
-        bw = (lw - 4 - 4) // 3
-        places = tuple((lx + 2 + i * (bw + 2), y + 24) for i in range(3))
-    for (cid, label), (bx, by) in zip(((11101, 'New'), (11102, 'Rename'), (11103, 'Delete')), places):
-        L.add(cid, 'PushButton', label, bx, by, bw, 14)
-    y += 59 if two_rows else 43
-    L.add(65535, 'GroupBox', 'Font', lx, y, lw, 38)
-    L.add(65535, 'Static', 'Name :', lx + 4, y + 11, 34, 9)
-    L.add(11104, 'ComboBox', '', lx + 40, y + 9, lw - 40 - 22, COMBO_H,
-          'kSorted | kOwnerDraw' if not L.land else 'kSorted')
-    L.add(11122, 'PushButton', '', lx + lw - 20, y + 9, 16, 13, 'kIconOnly')
-    L.add(65535, 'Static', 'Font style:', lx + 4, y + 25, 40, 9)
-    L.add(11105, 'ComboBox', '', lx + 46, y + 23, lw - 50, COMBO_H)
-    y += 40
+        bw = (lw - 10) // 3
+        places = tuple((lx + 3 + i * (bw + 2), by) for i in range(3))
+    for (cid, label), (bx, bty) in zip(((11101, 'New'), (11102, 'Rename'), (11103, 'Delete')), places):
+        L.add(cid, 'PushButton', label, bx, bty, bw, 14)
+    y += th + 1
+    fh = GB_TOP + 2 * COMBO_H + 1 + GB_PAD
+    L.add(65535, 'GroupBox', 'Font', lx, y, lw, fh)
+    fy = y + GB_TOP
+    L.add(65535, 'Static', 'Name :', lx + 4, fy + 2, 34, 9)
+    L.add(11104, 'ComboBox', '', lx + 40, fy, lw - 40 - 22, COMBO_H, 'kSorted | kOwnerDraw')
+    L.add(11122, 'PushButton', '', lx + lw - 20, fy, 16, 13, 'kIconOnly')
+    fy += COMBO_H + 1
+    L.add(65535, 'Static', 'Font style:', lx + 4, fy + 2, 40, 9)
+    L.add(11105, 'ComboBox', '', lx + 46, fy, lw - 50, COMBO_H)
+    y += fh + 1
     if L.land:
         y = 1
-    eh = 9 + 3 * 13 + 3 + (0 if not L.land else 13)
+    eh = GB_TOP + 2 * 13 + EDIT_H + GB_PAD + (0 if not L.land else 12)
     L.add(65535, 'GroupBox', 'Effects', rx, y, rw, eh)
     lbl = 50 if not L.v == 2 else 40
-    fy = y + 9
+    fy = y + GB_TOP
     for label, cid, alt in (('Heigth:', 11106, None), ('Width factor:', 11107, 'Width fact.:'),
                             ('Oblique ang.:', 11108, 'Slant A.:')):
         kw = dict(altLabel=alt, altLabelIn='0x4') if alt else {}
@@ -386,7 +425,7 @@ def d11056(L):  # Text style
         L.add(11196, 'PushButton', 'OK', rx + 4, by, rw - 8, BTN_H, 'kDefault')
         L.add(11197, 'PushButton', 'Cancel', rx + 4, by + BTN_H + 4, rw - 8, BTN_H)
     else:
-        L.add(11109, 'CheckBox', 'Vertical', rx + lbl + 38, y + 9 + 13, rw - lbl - 40, 11)
+        L.add(11109, 'CheckBox', 'Vertical', rx + lbl + 38, y + GB_TOP + 13, rw - lbl - 40, 11)
         L.ok_cancel()
 
 
@@ -397,31 +436,33 @@ def d11060(L):  # Snap type selection
     modes = ((1135, 'Free drawing'), (1136, 'Input coord.'), (1137, 'Snap'))
     if L.land:
         # Modes side by side, the snap types in two columns, the buttons below.
-        L.add(65535, 'GroupBox', 'Mode', 2, 1, W - 4, 22)
+        cw = (W - 12) // 2
+        L.add(65535, 'GroupBox', 'Mode', 2, 1, W - 4, GB_TOP + 10 + GB_PAD)
         widths = (62, 60, W - 4 - 10 - 122)
         rx = 5
         for i, (cid, label) in enumerate(modes):
-            L.add(cid, 'RadioButton', label, rx, 10, widths[i], 10, 'kGroupStart' if i == 0 else 0)
+            L.add(cid, 'RadioButton', label, rx, 1 + GB_TOP, widths[i], 10, 'kGroupStart' if i == 0 else 0)
             rx += widths[i] + 1
-        L.add(65535, 'GroupBox', 'Snap type', 2, 24, W - 4, 72)
-        cw = (W - 12) // 2
+        top, pitch = 26, 12
+        L.add(65535, 'GroupBox', 'Snap type', 2, top, W - 4, GB_TOP + 4 * pitch + 10 + GB_PAD)
         for i, label in enumerate(labels):
             col, row = divmod(i, 5)
-            L.add(1138 + i, 'CheckBox', label, 5 + col * (cw + 2), 33 + row * 12, cw, 10)
+            L.add(1138 + i, 'CheckBox', label, 5 + col * (cw + 2), top + GB_TOP + row * pitch, cw, 10)
         bw = 50
         L.add(11196, 'PushButton', 'OK', W - 2 * bw - 8, L.H - 3 - 15, bw, 15, 'kDefault')
         L.add(11197, 'PushButton', 'Cancel', W - bw - 4, L.H - 3 - 15, bw, 15)
         return
-    L.add(65535, 'GroupBox', 'Mode', 2, 2, W - 4, 48)
+    L.add(65535, 'GroupBox', 'Mode', 2, 2, W - 4, GB_TOP + 2 * 12 + 11 + GB_PAD)
     for i, (cid, label) in enumerate(modes):
-        L.add(cid, 'RadioButton', label, 8, 12 + i * 12, 80, 11, 'kGroupStart' if i == 0 else 0)
-    gh = 80 if L.v == 0 else 110
-    L.add(65535, 'GroupBox', 'Snap type', 2, 53, W - 4, gh)
-    cw = (W - 8) // 2
+        L.add(cid, 'RadioButton', label, 8, 2 + GB_TOP + i * 12, 80, 11, 'kGroupStart' if i == 0 else 0)
+    top = 53
     pitch = 14 if L.v == 0 else 20
+    L.add(65535, 'GroupBox', 'Snap type', 2, top, W - 4, GB_TOP + 4 * pitch + 11 + GB_PAD)
+    # "Connect to pt." needs all the width a column can have.
+    cw = (W - 9) // 2
     for i, label in enumerate(labels):
         col, row = divmod(i, 5)
-        L.add(1138 + i, 'CheckBox', label, 3 + col * (cw + 1), 64 + row * pitch, cw, 11)
+        L.add(1138 + i, 'CheckBox', label, 4 + col * (cw + 1), top + GB_TOP + row * pitch, cw, 11)
     L.ok_cancel()
 
 
@@ -459,42 +500,42 @@ def d11072(L):  # Snap - Enter the coordinates
 
 def d11076(L):  # Entity sets
     right = L.content_right()
+    gh = GB_TOP + 13 + GB_PAD  # a group around one row of buttons
     if L.land:
         right = L.W - M - 66 - 4
         L.add(1152, 'ListView', '', M, M, right - M, L.H - 2 * M,
               'kReportView | kSingleSel | kOwnerDraw | kBorder')
         x = right + 4
         w = L.W - M - x
+        half = (w - 8) // 2
         y = 1
-        L.add(65535, 'GroupBox', 'New', x, y, w, 0)  # height set below
-        new_box = L.items[-1]
-        L.add(604, 'PushButton', 'CAD', x + 3, y + 9, (w - 8) // 2, 13)
-        L.add(605, 'PushButton', 'Topog.', x + 5 + (w - 8) // 2, y + 9, (w - 8) // 2, 13)
-        new_box['rect'] = (x, y, w, 25)
-        y += 26
-        L.add(65535, 'GroupBox', 'Delete', x, y, w, 25)
-        L.add(600, 'PushButton', 'Delete', x + 3, y + 9, w - 6, 13)
-        y += 26
-        L.add(65535, 'GroupBox', 'Move', x, y, w, 25)
-        L.add(602, 'PushButton', 'Up', x + 3, y + 9, (w - 8) // 2, 13)
-        L.add(603, 'PushButton', 'Down', x + 5 + (w - 8) // 2, y + 9, (w - 8) // 2, 13)
+        L.add(65535, 'GroupBox', 'New', x, y, w, gh)
+        L.add(604, 'PushButton', 'CAD', x + 3, y + GB_TOP, half, 13)
+        L.add(605, 'PushButton', 'Topog.', x + 5 + half, y + GB_TOP, half, 13)
+        y += gh + 1
+        L.add(65535, 'GroupBox', 'Delete', x, y, w, gh)
+        L.add(600, 'PushButton', 'Delete', x + 3, y + GB_TOP, w - 6, 13)
+        y += gh + 1
+        L.add(65535, 'GroupBox', 'Move', x, y, w, gh)
+        L.add(602, 'PushButton', 'Up', x + 3, y + GB_TOP, half, 13)
+        L.add(603, 'PushButton', 'Down', x + 5 + half, y + GB_TOP, half, 13)
         by = L.H - 2 - 2 * 14 - 3
         L.add(1, 'PushButton', 'OK', x, by, w, 14, 'kDefault')
         L.add(2, 'PushButton', 'Cancel', x, by + 17, w, 14)
     else:
-        bottom = L.H - M - BTN_H - 6 - 56
+        bottom = L.H - M - BTN_H - 6 - 2 * gh - 3
         L.add(1152, 'ListView', '', M, M, right - M, bottom - M,
               'kReportView | kSingleSel | kOwnerDraw | kBorder')
         y = bottom + 2
         full = right - M
         boxes = [('New', [(604, 'CAD'), (605, 'Topog.')], M, y, full - 52),
                  ('Delete', [(600, 'Delete')], right - 48, y, 48),
-                 ('Move', [(602, 'Up'), (603, 'Down')], M, y + 27, full)]
+                 ('Move', [(602, 'Up'), (603, 'Down')], M, y + gh + 1, full)]
         for label, btns, gx, gy, gw in boxes:
-            L.add(65535, 'GroupBox', label, gx, gy, gw, 26)
-            bw = (gw - 4 - 2 * (len(btns) - 1)) // len(btns)
+            L.add(65535, 'GroupBox', label, gx, gy, gw, gh)
+            bw = (gw - 6 - 2 * (len(btns) - 1)) // len(btns)
             for j, (cid, bl) in enumerate(btns):
-                L.add(cid, 'PushButton', bl, gx + 2 + j * (bw + 2), gy + 10, bw, 14)
+                L.add(cid, 'PushButton', bl, gx + 3 + j * (bw + 2), gy + GB_TOP, bw, 13)
         L.ok_cancel(1, 2)
     L.add(1161, 'Edit', '', M + 2, M + 14, 60, EDIT_H, 'kHidden | kAutoHScroll | kBorder')
 
@@ -512,7 +553,7 @@ def d11084(L):  # Grid page
     L.add(11168, 'CheckBox', 'Enable Grid', 6, 4, 70, 11)
     gh = L.H - 20
     L.add(65535, 'GroupBox', 'Settings...', 4, 17, W - 8, gh)
-    y = 28
+    y = 17 + GB_TOP
     L.add(11164, 'RadioButton', 'Grid free', 10, y, 60, 11, 'kGroupStart')
     y += 14
     lw = 44
@@ -520,7 +561,7 @@ def d11084(L):  # Grid page
     y = L.field('Interval N :', 11170, 18, y, lw, fw)
     y = L.field('Interval E :', 11171, 18, y, lw, fw)
     if L.land:
-        L.add(11166, 'RadioButton', 'From snap', 18 + lw + fw + 8, 28, W - 8 - (18 + lw + fw + 8), 11)
+        L.add(11166, 'RadioButton', 'From snap', 18 + lw + fw + 8, 17 + GB_TOP, W - 8 - (18 + lw + fw + 8), 11)
     else:
         L.add(11166, 'RadioButton', 'From snap', 10, y + 2, 60, 11)
 
@@ -536,10 +577,10 @@ def d11088(L):  # Snap page
         fw = (W - 16 - 2 * lw - 12) // 2
         for i, (label, cid) in enumerate(rows):
             col, row = (0, i) if i < 3 else (1, i - 3)
-            L.field(label, cid, 10 + col * (lw + fw + 8), 28 + row * ROW, lw, fw)
+            L.field(label, cid, 10 + col * (lw + fw + 8), 17 + GB_TOP + row * ROW, lw, fw)
     else:
         fw = min(70, W - 20 - lw)
-        y = 28
+        y = 17 + GB_TOP
         for label, cid in rows:
             y = L.field(label, cid, 10, y, lw, fw) + (6 if L.v == 1 else 0)
 
@@ -552,6 +593,48 @@ def d11092(L):  # Select Type Line
     L.ok_cancel(1163, 1164)
 
 
+# ------------------------------------------------------- value entry dialogs
+# Prompts for a single value. Their titles and the caption of frame 11138 or
+# the prompt 11213 are set by the code that opens them.
+
+def d11000(L):  # Password
+    right = L.content_right()
+    # The prompt takes two lines unless the layout is wide enough for one.
+    one_line = right - M >= 160
+    ph = 9 if one_line else 20
+    L.add(65535, 'Static', 'Enter password to open the drawing:', M, M + 2, right - M, ph, 'kMultiline')
+    L.add(4779, 'Edit', '', M, M + ph + 6, right - M, EDIT_H, 'kPassword | kUppercase | kAutoHScroll | kBorder')
+    L.ok_cancel()
+
+
+def d11012(L):  # Number
+    right = L.content_right()
+    L.add(11138, 'GroupBox', 'Text', M, M, right - M, GB_TOP + 3 + EDIT_H + 5)
+    L.field('Value :', 11137, M + 6, M + GB_TOP + 3, 40, right - M - 54)
+    L.ok_cancel()
+
+
+def d11016(L):  # Text
+    right = L.content_right()
+    L.add(11213, 'Static', 'Insert value:', M, M + 2, right - M, 9)
+    L.add(11212, 'Edit', '', M, M + 13, right - M, EDIT_H, 'kAutoHScroll | kBorder')
+    L.ok_cancel()
+
+
+def d11068(L):  # Rotation: by one or two reference points, or by an angle
+    right = L.content_right()
+    x = M + 3
+    y = M + GB_TOP
+    pitch = 13
+    L.add(11138, 'GroupBox', 'Text', M, M, right - M, GB_TOP + 3 * pitch + 3 + EDIT_H + 5)
+    for i, (cid, label) in enumerate(((11204, '1 Reference point'), (11205, '2 Reference points'),
+                                      (11206, 'Rotation angle specification'))):
+        L.add(cid, 'RadioButton', label, x, y + i * pitch, right - x - 3, 11, 'kGroupStart' if i == 0 else 0)
+    L.field('Value :', 11137, M + 6, y + 3 * pitch + 3, 40, right - M - 54)
+    L.ok_cancel()
+
+
+# Base id, title, help topic, child page, placement; one list per file written.
 DIALOGS = [
     (11004, 'Image calibration', 'QuadraCE.htm#Dlg Calibra Immagine', False, d11004),
     (11008, 'Cursor option', 'QuadraCE.htm#Dlg OpzCursore', False, d11008),
@@ -575,9 +658,23 @@ DIALOGS = [
     (11092, 'Select Type Line', None, False, d11092),
 ]
 
+VALUE_ENTRY = [
+    (11000, 'Insert password', None, False, d11000),
+    (11012, 'Enter...', 'QuadraCE.htm#Dlg InsValore', False, d11012),
+    (11016, 'Enter...', None, False, d11016),
+    (11068, 'Enter...', 'QuadraCE.htm#Dlg ScegliRotazione', False, d11068),
+]
+
 CHILD_SIZES = {11084: [(133, 112), (133, 167), (178, 90), (229, 90)],
                11088: [(133, 113), (133, 167), (179, 92), (229, 92)]}
-WIDE_139 = {11060, 11076}
+WIDE_139 = {11000, 11060, 11076}
+
+# File written (from the root of the checkout), what it holds, its dialogs.
+FILES = [
+    ('src/res/templates/Dialogs.cpp', 'The dialog templates in their four layouts.', DIALOGS),
+    ('src/res/templates/ValueEntry.cpp',
+     'The value entry dialogs (password, number, text, rotation) in their four layouts.', VALUE_ENTRY),
+]
 
 
 def sizes_for(base):
@@ -589,53 +686,110 @@ def sizes_for(base):
     return s
 
 
-def emit():
-    out = ['// Placement of the dialog templates in their four layouts, written by',
-           '// tools/gen_templates.py (edit the script, then run it).',
+def layouts_of(base, fn):
+    """The controls of one dialog in its four layouts, checked to be the same
+    controls in the same order everywhere."""
+    sizes = sizes_for(base)
+    layouts = []
+    for v in range(4):
+        L = Layout(v, sizes[v])
+        fn(L)
+        layouts.append(L.items)
+    n = len(layouts[0])
+    for v in range(1, 4):
+        if len(layouts[v]) != n:
+            sys.exit('gen_templates: %d has %d controls in layout %d, %d in layout 0'
+                     % (base, len(layouts[v]), v, n))
+        for a, b in zip(layouts[0], layouts[v]):
+            if (a['id'], a['kind'], a['label']) != (b['id'], b['kind'], b['label']):
+                sys.exit('gen_templates: %d layout %d has %s %s "%s" where layout 0 has %s %s "%s"'
+                         % (base, v, b['id'], b['kind'], b['label'], a['id'], a['kind'], a['label']))
+            for key in ('style', 'hiddenIn', 'disabledIn', 'altLabel', 'altLabelIn'):
+                if a.get(key) != b.get(key):
+                    sys.exit('gen_templates: %d control %s: %s differs in layout %d' % (base, a['id'], key, v))
+    return layouts
+
+
+def wstr(text):
+    return 'L"%s"' % text.replace('"', '\\"')
+
+
+def control_line(layouts, i):
+    c = layouts[0][i]
+    cid = 'kStaticId' if c['id'] == 65535 else str(c['id'])
+    rects = ', '.join('{%d, %d, %d, %d}' % layouts[v][i]['rect'] for v in range(4))
+    extra = ''
+    alt = c.get('altLabel')
+    if c.get('hiddenIn') or c.get('disabledIn') or alt is not None:
+        # An empty alternative label is meant: the control shows no text there.
+        extra = ', %s, %s, %s, %s' % (c.get('hiddenIn') or 0, c.get('disabledIn') or 0,
+                                       wstr(alt) if alt is not None else 'nullptr',
+                                       c.get('altLabelIn') or 0)
+    return '    {%s, CtrlKind::%s, %s, %s, {%s}%s},' % (cid, c['kind'], wstr(c['label']),
+                                                       c['style'] or 0, rects, extra)
+
+
+def render(what, dialogs):
+    """The text of one file."""
+    out = ['// %s' % what,
+           '// Written by tools/gen_templates.py: change the script and run it, never this file.',
            '#include "Templates.h"', '', 'namespace veld5::tpl {', 'using namespace ulo;', '',
+           '// One control per line, as the script writes it.',
+           '// clang-format off',
            'namespace {']
     decls = []
-    for base, title, help_, child, fn in DIALOGS:
-        sizes = sizes_for(base)
-        layouts = []
-        for v in range(4):
-            L = Layout(v, sizes[v])
-            fn(L)
-            layouts.append(L.items)
-        n = len(layouts[0])
-        for v in range(1, 4):
-            assert len(layouts[v]) == n, (base, v, len(layouts[v]), n)
-            for a, b in zip(layouts[0], layouts[v]):
-                assert (a['id'], a['kind'], a['label']) == (b['id'], b['kind'], b['label']), (base, v, a, b)
+    for base, title, help_, child, fn in dialogs:
+        layouts = layouts_of(base, fn)
         out.append('const CtrlTemplate c%d[] = {' % base)
-        for i, c in enumerate(layouts[0]):
-            rects = ', '.join('{%d, %d, %d, %d}' % layouts[v][i]['rect'] for v in range(4))
-            cid = 'kStaticId' if c['id'] == 65535 else str(c['id'])
-            label = c['label'].replace('"', '\\"')
-            extra = ''
-            hidden = c.get('hiddenIn')
-            disabled = c.get('disabledIn')
-            alt = c.get('altLabel')
-            if hidden or disabled or alt:
-                extra = ', %s, %s, %s, %s' % (hidden or 0, disabled or 0,
-                                               ('L"%s"' % alt) if alt else 'nullptr',
-                                               c.get('altLabelIn') or 0)
-            style = c['style'] if c['style'] else 0
-            out.append('    {%s, CtrlKind::%s, L"%s", %s, {%s}%s},' % (cid, c['kind'], label, style, rects, extra))
-        out.append('};')
-        out.append('')
-        sz = ', '.join('{%d, %d}' % s for s in sizes)
-        h = ('L"%s"' % help_) if help_ else 'nullptr'
-        decls.append('const DialogTemplate k%d{%d, L"%s", %s, %s, {%s}, c%d};' %
-                     (base, base, title, h, 'true' if child else 'false', sz, base))
+        out += [control_line(layouts, i) for i in range(len(layouts[0]))]
+        out += ['};', '']
+        sizes = ', '.join('{%d, %d}' % s for s in sizes_for(base))
+        decls.append('const DialogTemplate k%d{%d, %s, %s, %s, {%s}, c%d};' %
+                     (base, base, wstr(title), wstr(help_) if help_ else 'nullptr',
+                      'true' if child else 'false', sizes, base))
     out.append('}  // namespace')
     out.append('')
     out += decls
-    out += ['', '}  // namespace veld5::tpl', '']
-    path = os.path.join(os.path.dirname(__file__), '..', 'src', 'res', 'templates', 'Dialogs.cpp')
-    with open(path, 'w', encoding='utf-8') as f:
-        f.write('\n'.join(out))
+    out += ['// clang-format on', '', '}  // namespace veld5::tpl', '']
+    return '\n'.join(out)
+
+
+def main():
+    parser = argparse.ArgumentParser(description='Writes the dialog templates.')
+    parser.add_argument('--check', action='store_true',
+                        help='write nothing; fail when a checked-in file differs from the output')
+    args = parser.parse_args()
+    stale = []
+    for rel, what, dialogs in FILES:
+        text = render(what, dialogs)
+        path = os.path.join(ROOT, rel)
+        try:
+            with open(path, encoding='utf-8', newline='') as f:
+                old = f.read()
+        except FileNotFoundError:
+            old = None
+        if old == text:
+            continue
+        if args.check:
+            stale.append(rel)
+            print('%s %s the output of tools/gen_templates.py'
+                  % (rel, 'is missing:' if old is None else 'differs from'), file=sys.stderr)
+            diff = difflib.unified_diff((old or '').splitlines(), text.splitlines(),
+                                        rel + ' (checked in)', rel + ' (generated)', lineterm='', n=1)
+            for n, line in enumerate(diff):
+                if n == 40:
+                    print('...', file=sys.stderr)
+                    break
+                print(line, file=sys.stderr)
+        else:
+            with open(path, 'w', encoding='utf-8', newline='\n') as f:
+                f.write(text)
+            print('wrote %s' % rel)
+    if stale:
+        print('run: python3 tools/gen_templates.py', file=sys.stderr)
+        return 1
+    return 0
 
 
 if __name__ == '__main__':
-    emit()
+    sys.exit(main())

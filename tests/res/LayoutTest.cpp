@@ -1,5 +1,6 @@
 // Every template in every layout: controls inside the dialog, no unintended
-// overlap, every label fits its control, and the same controls everywhere.
+// overlap, every label fits its control, the contents of a group box inside its
+// frame, and the same controls everywhere.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
 
 #include "factory/Scopes.h"
 #include "res/Resources.h"
@@ -27,6 +29,19 @@ std::vector<Case> allCases() {
     for (const auto& t : veld5::DialogTemplates())
         for (int v = 0; v < 4; ++v)
             cases.push_back({t.baseId, v});
+    return cases;
+}
+
+/// The layouts of the templates that frame some of their controls.
+std::vector<Case> casesWithGroups() {
+    std::vector<Case> cases;
+    for (const auto& t : veld5::DialogTemplates()) {
+        const bool grouped = std::any_of(t.controls.begin(), t.controls.end(), [](const auto& c) {
+            return c.kind == ulo::CtrlKind::GroupBox;
+        });
+        for (int v = 0; grouped && v < 4; ++v)
+            cases.push_back({t.baseId, v});
+    }
     return cases;
 }
 
@@ -69,57 +84,80 @@ const ulo::CtrlTemplate* controlOf(const ulo::DialogTemplate& t, QWidget* w) {
     return index < static_cast<int>(t.controls.size()) ? &t.controls[index] : nullptr;
 }
 
+QString describe(const ulo::CtrlTemplate& ctrl) {
+    return QStringLiteral("%1 \"%2\"").arg(ctrl.id).arg(QString::fromWCharArray(ctrl.label));
+}
+
+QString describe(const QRect& r) {
+    return QStringLiteral("(%1,%2 %3x%4)").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+}
+
+struct Placed {
+    QWidget* w;
+    const ulo::CtrlTemplate* ctrl;
+    QRect r;
+};
+
 class TemplateLayout : public ::testing::TestWithParam<Case> {
 protected:
-    void SetUp() override { CPalmDevice::SetLayoutOverride(GetParam().layout); }
+    void SetUp() override {
+        CPalmDevice::SetLayoutOverride(GetParam().layout);
+        const Case c = GetParam();
+        const unsigned id = CPalmDevice::SelectIdDlgStd(c.base, c.base + 1, c.base + 2, c.base + 3);
+        ASSERT_EQ(id, c.base + static_cast<unsigned>(c.layout));
+        dialog = std::make_unique<Built>(id);
+        ASSERT_TRUE(dialog->ok);
+        t = dialog->GetTemplate();
+        ASSERT_NE(t, nullptr);
+        const auto children = dialog->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+        for (QWidget* w : children) {
+            if (!w->property(ulo::kCtrlIdProperty).isValid())
+                continue;
+            const ulo::CtrlTemplate* ctrl = controlOf(*t, w);
+            ASSERT_NE(ctrl, nullptr);
+            built.push_back({w, ctrl, w->geometry()});
+            if (!w->isHidden())
+                placed.push_back(built.back());
+        }
+    }
     void TearDown() override { CPalmDevice::SetLayoutOverride(-1); }
+
+    std::string where(const ulo::CtrlTemplate& ctrl) const {
+        return QStringLiteral("%1/%2 control %3")
+            .arg(GetParam().base)
+            .arg(GetParam().layout)
+            .arg(describe(ctrl))
+            .toStdString();
+    }
+
     veld5::CModuleResourceScope scope;
+    std::unique_ptr<Built> dialog;
+    const ulo::DialogTemplate* t = nullptr;
+    std::vector<Placed> built;   ///< every control, in template order
+    std::vector<Placed> placed;  ///< the visible ones
 };
+
+class GroupLayout : public TemplateLayout {};
+
+std::string caseName(const ::testing::TestParamInfo<Case>& info) {
+    return std::to_string(info.param.base) + "_" + std::to_string(info.param.layout);
+}
 
 }  // namespace
 
 TEST_P(TemplateLayout, ControlsFitAndDoNotOverlap) {
-    const Case c = GetParam();
-    const unsigned id = CPalmDevice::SelectIdDlgStd(c.base, c.base + 1, c.base + 2, c.base + 3);
-    ASSERT_EQ(id, c.base + static_cast<unsigned>(c.layout));
-    Built dialog(id);
-    ASSERT_TRUE(dialog.ok);
-    const ulo::DialogTemplate& t = *dialog.GetTemplate();
-    const QRect area(QPoint(0, 0), QSize(dialog.Units().X(t.size[c.layout].w),
-                                         dialog.Units().Y(t.size[c.layout].h)));
-
-    struct Placed {
-        QWidget* w;
-        const ulo::CtrlTemplate* ctrl;
-        QRect r;
-    };
-    std::vector<Placed> placed;
-    const auto children = dialog.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
-    int index = 0;
-    for (QWidget* w : children) {
-        if (!w->property(ulo::kCtrlIdProperty).isValid())
-            continue;
-        const ulo::CtrlTemplate* ctrl = controlOf(t, w);
-        ++index;
-        ASSERT_NE(ctrl, nullptr);
-        const QString where = QStringLiteral("%1/%2 control %3 \"%4\"")
-                                  .arg(c.base)
-                                  .arg(c.layout)
-                                  .arg(ctrl->id)
-                                  .arg(QString::fromWCharArray(ctrl->label));
-        EXPECT_TRUE(area.contains(w->geometry())) << where.toStdString();
-        if (w->isHidden())
-            continue;
-        int need = neededWidth(w);
-        // A group title longer than the whole dialog is clipped, as on the device,
-        // provided the group spans the dialog.
-        if (ctrl->kind == ulo::CtrlKind::GroupBox && need > area.width() &&
-            w->width() >= area.width() - dialog.Units().X(8))
-            need = w->width();
-        EXPECT_LE(need, w->width()) << where.toStdString() << " needs " << need;
-        placed.push_back({w, ctrl, w->geometry()});
+    const int layout = GetParam().layout;
+    const QRect area(QPoint(0, 0), QSize(dialog->Units().X(t->size[layout].w),
+                                         dialog->Units().Y(t->size[layout].h)));
+    EXPECT_EQ(built.size(), t->controls.size());
+    for (const Placed& p : built)
+        EXPECT_TRUE(area.contains(p.r)) << where(*p.ctrl) << " at " << describe(p.r).toStdString();
+    // A label must fit whole: a group title too, since the style draws it on one
+    // line and cuts it at the frame's end.
+    for (const Placed& p : placed) {
+        const int need = neededWidth(p.w);
+        EXPECT_LE(need, p.w->width()) << where(*p.ctrl) << " needs " << need;
     }
-    EXPECT_EQ(index, static_cast<int>(t.controls.size()));
 
     for (std::size_t i = 0; i < placed.size(); ++i)
         for (std::size_t j = i + 1; j < placed.size(); ++j) {
@@ -129,18 +167,43 @@ TEST_P(TemplateLayout, ControlsFitAndDoNotOverlap) {
                 continue;
             const bool nested = (a.ctrl->kind == ulo::CtrlKind::GroupBox && a.r.contains(b.r)) ||
                                 (b.ctrl->kind == ulo::CtrlKind::GroupBox && b.r.contains(a.r));
-            EXPECT_TRUE(nested) << c.base << "/" << c.layout << ": " << a.ctrl->id << " \""
-                                << QString::fromWCharArray(a.ctrl->label).toStdString()
-                                << "\" overlaps " << b.ctrl->id << " \""
-                                << QString::fromWCharArray(b.ctrl->label).toStdString() << "\"";
+            EXPECT_TRUE(nested) << where(*a.ctrl) << " overlaps "
+                                << describe(*b.ctrl).toStdString();
         }
 }
 
-INSTANTIATE_TEST_SUITE_P(AllTemplates, TemplateLayout, ::testing::ValuesIn(allCases()),
-                         [](const auto& info) {
-                             return std::to_string(info.param.base) + "_" +
-                                    std::to_string(info.param.layout);
-                         });
+INSTANTIATE_TEST_SUITE_P(AllTemplates, TemplateLayout, ::testing::ValuesIn(allCases()), caseName);
+
+// What lies in a group box's rectangle must lie in the area the style leaves for
+// its contents: under the title's line and some pixels clear of the frame lines.
+// Rounding dialog units to pixels must not push a control onto the frame either,
+// so the check is made on the widgets as built.
+TEST_P(GroupLayout, ContentsSitInsideTheFrame) {
+    int groups = 0;
+    for (const Placed& g : placed) {
+        auto* box = qobject_cast<QGroupBox*>(g.w);
+        if (!box)
+            continue;
+        ++groups;
+        const QRect inner = box->contentsRect().translated(g.r.topLeft());
+        ASSERT_TRUE(inner.isValid()) << where(*g.ctrl) << " has no room inside";
+        for (const Placed& p : placed) {
+            if (p.w == g.w || !p.r.intersects(g.r))
+                continue;
+            // A group around this one is not its content.
+            if (p.ctrl->kind == ulo::CtrlKind::GroupBox && p.r.contains(g.r))
+                continue;
+            EXPECT_TRUE(inner.contains(p.r))
+                << where(*p.ctrl) << " at " << describe(p.r).toStdString() << " is not inside "
+                << describe(*g.ctrl).toStdString() << ", whose contents go in "
+                << describe(inner).toStdString();
+        }
+    }
+    EXPECT_GT(groups, 0) << "no visible group box";
+}
+
+INSTANTIATE_TEST_SUITE_P(TemplatesWithGroups, GroupLayout, ::testing::ValuesIn(casesWithGroups()),
+                         caseName);
 
 TEST(TemplateCatalogue, TwentyFourTemplatesWithTheirSizes) {
     const auto templates = veld5::DialogTemplates();

@@ -1,146 +1,52 @@
-// Templates of the value entry dialogs (number, text, rotation).
+// The value entry dialogs (password, number, text, rotation) in their four layouts.
+// Written by tools/gen_templates.py: change the script and run it, never this file.
 #include "Templates.h"
 
 namespace veld5::tpl {
 using namespace ulo;
 
+// One control per line, as the script writes it.
+// clang-format off
 namespace {
-// Layout sizes (dialog units): 0 portrait 138x167, 1 tall 138x217,
-// 2 landscape 179x120, 3 wide 229x120.
+const CtrlTemplate c11000[] = {
+    {kStaticId, CtrlKind::Static, L"Enter password to open the drawing:", kMultiline, {{6, 8, 127, 20}, {6, 8, 126, 20}, {6, 8, 117, 20}, {6, 8, 167, 9}}},
+    {4779, CtrlKind::Edit, L"", kPassword | kUppercase | kAutoHScroll | kBorder, {{6, 32, 127, 12}, {6, 32, 126, 12}, {6, 32, 117, 12}, {6, 21, 167, 12}}},
+    {11196, CtrlKind::PushButton, L"OK", kDefault, {{6, 145, 60, 16}, {6, 195, 60, 16}, {129, 78, 44, 16}, {179, 78, 44, 16}}},
+    {11197, CtrlKind::PushButton, L"Cancel", 0, {{72, 145, 60, 16}, {72, 195, 60, 16}, {129, 98, 44, 16}, {179, 98, 44, 16}}},
+};
+
 const CtrlTemplate c11012[] = {
-    {11138,
-     CtrlKind::GroupBox,
-     L"Text",
-     0,
-     {{6, 6, 126, 62}, {6, 6, 126, 72}, {6, 4, 124, 62}, {6, 4, 170, 62}}},
-    {kStaticId,
-     CtrlKind::Static,
-     L"Value :",
-     0,
-     {{14, 38, 40, 10}, {14, 42, 40, 10}, {14, 36, 40, 10}, {14, 36, 44, 10}}},
-    {11137,
-     CtrlKind::Edit,
-     L"",
-     kNumeric | kAutoHScroll | kBorder,
-     {{56, 35, 68, 14}, {56, 39, 68, 14}, {56, 33, 66, 14}, {62, 33, 106, 14}}},
-    {11196,
-     CtrlKind::PushButton,
-     L"OK",
-     kDefault,
-     {{8, 141, 58, 18}, {8, 191, 58, 18}, {136, 8, 38, 18}, {184, 8, 40, 18}}},
-    {11197,
-     CtrlKind::PushButton,
-     L"Cancel",
-     0,
-     {{72, 141, 58, 18}, {72, 191, 58, 18}, {136, 32, 38, 18}, {184, 32, 40, 18}}},
+    {11138, CtrlKind::GroupBox, L"Text", 0, {{6, 6, 126, 32}, {6, 6, 126, 32}, {6, 6, 117, 32}, {6, 6, 167, 32}}},
+    {kStaticId, CtrlKind::Static, L"Value :", 0, {{12, 23, 40, 9}, {12, 23, 40, 9}, {12, 23, 40, 9}, {12, 23, 40, 9}}},
+    {11137, CtrlKind::Edit, L"", kNumeric | kAutoHScroll | kBorder, {{54, 21, 72, 12}, {54, 21, 72, 12}, {54, 21, 63, 12}, {54, 21, 113, 12}}},
+    {11196, CtrlKind::PushButton, L"OK", kDefault, {{6, 145, 60, 16}, {6, 195, 60, 16}, {129, 78, 44, 16}, {179, 78, 44, 16}}},
+    {11197, CtrlKind::PushButton, L"Cancel", 0, {{72, 145, 60, 16}, {72, 195, 60, 16}, {129, 98, 44, 16}, {179, 98, 44, 16}}},
 };
 
 const CtrlTemplate c11016[] = {
-    {11213,
-     CtrlKind::Static,
-     L"Insert value:",
-     0,
-     {{8, 10, 122, 10}, {8, 10, 122, 10}, {8, 8, 124, 10}, {8, 8, 170, 10}}},
-    {11212,
-     CtrlKind::Edit,
-     L"",
-     kAutoHScroll | kBorder,
-     {{8, 24, 122, 14}, {8, 24, 122, 14}, {8, 22, 124, 14}, {8, 22, 170, 14}}},
-    {11196,
-     CtrlKind::PushButton,
-     L"OK",
-     kDefault,
-     {{8, 141, 58, 18}, {8, 191, 58, 18}, {136, 8, 38, 18}, {184, 8, 40, 18}}},
-    {11197,
-     CtrlKind::PushButton,
-     L"Cancel",
-     0,
-     {{72, 141, 58, 18}, {72, 191, 58, 18}, {136, 32, 38, 18}, {184, 32, 40, 18}}},
+    {11213, CtrlKind::Static, L"Insert value:", 0, {{6, 8, 126, 9}, {6, 8, 126, 9}, {6, 8, 117, 9}, {6, 8, 167, 9}}},
+    {11212, CtrlKind::Edit, L"", kAutoHScroll | kBorder, {{6, 19, 126, 12}, {6, 19, 126, 12}, {6, 19, 117, 12}, {6, 19, 167, 12}}},
+    {11196, CtrlKind::PushButton, L"OK", kDefault, {{6, 145, 60, 16}, {6, 195, 60, 16}, {129, 78, 44, 16}, {179, 78, 44, 16}}},
+    {11197, CtrlKind::PushButton, L"Cancel", 0, {{72, 145, 60, 16}, {72, 195, 60, 16}, {129, 98, 44, 16}, {179, 98, 44, 16}}},
 };
 
 const CtrlTemplate c11068[] = {
-    {11138,
-     CtrlKind::GroupBox,
-     L"Text",
-     0,
-     {{6, 6, 126, 100}, {6, 6, 126, 120}, {6, 4, 124, 108}, {6, 4, 170, 108}}},
-    {11204,
-     CtrlKind::RadioButton,
-     L"1 Reference point",
-     kGroupStart,
-     {{14, 20, 112, 12}, {14, 24, 112, 14}, {14, 16, 112, 12}, {14, 16, 150, 12}}},
-    {11205,
-     CtrlKind::RadioButton,
-     L"2 Reference points",
-     0,
-     {{14, 36, 112, 12}, {14, 44, 112, 14}, {14, 31, 112, 12}, {14, 31, 150, 12}}},
-    {11206,
-     CtrlKind::RadioButton,
-     L"Rotation angle specification",
-     0,
-     {{14, 52, 116, 12}, {14, 64, 116, 14}, {14, 46, 114, 12}, {14, 46, 150, 12}}},
-    {kStaticId,
-     CtrlKind::Static,
-     L"Value :",
-     0,
-     {{14, 78, 40, 10}, {14, 94, 40, 10}, {14, 70, 40, 10}, {14, 70, 44, 10}}},
-    {11137,
-     CtrlKind::Edit,
-     L"",
-     kNumeric | kAutoHScroll | kBorder,
-     {{56, 75, 68, 14}, {56, 91, 68, 14}, {56, 67, 66, 14}, {62, 67, 106, 14}}},
-    {11196,
-     CtrlKind::PushButton,
-     L"OK",
-     kDefault,
-     {{8, 141, 58, 18}, {8, 191, 58, 18}, {136, 8, 38, 18}, {184, 8, 40, 18}}},
-    {11197,
-     CtrlKind::PushButton,
-     L"Cancel",
-     0,
-     {{72, 141, 58, 18}, {72, 191, 58, 18}, {136, 32, 38, 18}, {184, 32, 40, 18}}},
+    {11138, CtrlKind::GroupBox, L"Text", 0, {{6, 6, 126, 71}, {6, 6, 126, 71}, {6, 6, 117, 71}, {6, 6, 167, 71}}},
+    {11204, CtrlKind::RadioButton, L"1 Reference point", kGroupStart, {{9, 18, 120, 11}, {9, 18, 120, 11}, {9, 18, 111, 11}, {9, 18, 161, 11}}},
+    {11205, CtrlKind::RadioButton, L"2 Reference points", 0, {{9, 31, 120, 11}, {9, 31, 120, 11}, {9, 31, 111, 11}, {9, 31, 161, 11}}},
+    {11206, CtrlKind::RadioButton, L"Rotation angle specification", 0, {{9, 44, 120, 11}, {9, 44, 120, 11}, {9, 44, 111, 11}, {9, 44, 161, 11}}},
+    {kStaticId, CtrlKind::Static, L"Value :", 0, {{12, 62, 40, 9}, {12, 62, 40, 9}, {12, 62, 40, 9}, {12, 62, 40, 9}}},
+    {11137, CtrlKind::Edit, L"", kNumeric | kAutoHScroll | kBorder, {{54, 60, 72, 12}, {54, 60, 72, 12}, {54, 60, 63, 12}, {54, 60, 113, 12}}},
+    {11196, CtrlKind::PushButton, L"OK", kDefault, {{6, 145, 60, 16}, {6, 195, 60, 16}, {129, 78, 44, 16}, {179, 78, 44, 16}}},
+    {11197, CtrlKind::PushButton, L"Cancel", 0, {{72, 145, 60, 16}, {72, 195, 60, 16}, {129, 98, 44, 16}, {179, 98, 44, 16}}},
 };
 
-const CtrlTemplate c11000[] = {
-    {kStaticId,
-     CtrlKind::Static,
-     L"Enter password to open the drawing:",
-     kMultiline,
-     {{8, 10, 122, 22}, {8, 10, 122, 22}, {8, 8, 124, 22}, {8, 8, 170, 12}}},
-    {4779,
-     CtrlKind::Edit,
-     L"",
-     kPassword | kUppercase | kAutoHScroll | kBorder,
-     {{8, 36, 122, 14}, {8, 36, 122, 14}, {8, 34, 124, 14}, {8, 24, 170, 14}}},
-    {11196,
-     CtrlKind::PushButton,
-     L"OK",
-     kDefault,
-     {{8, 141, 58, 18}, {8, 191, 58, 18}, {136, 8, 38, 18}, {184, 8, 40, 18}}},
-    {11197,
-     CtrlKind::PushButton,
-     L"Cancel",
-     0,
-     {{72, 141, 58, 18}, {72, 191, 58, 18}, {136, 32, 38, 18}, {184, 32, 40, 18}}},
-};
 }  // namespace
 
-const DialogTemplate k11012{11012,
-                            L"Enter...",
-                            L"QuadraCE.htm#Dlg InsValore",
-                            false,
-                            {{138, 167}, {138, 217}, {179, 120}, {229, 120}},
-                            c11012};
-const DialogTemplate k11016{
-    11016, L"Enter...", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11016};
-const DialogTemplate k11068{11068,
-                            L"Enter...",
-                            L"QuadraCE.htm#Dlg ScegliRotazione",
-                            false,
-                            {{138, 167}, {138, 217}, {179, 120}, {229, 120}},
-                            c11068};
-const DialogTemplate k11000{
-    11000, L"Insert password", nullptr, false, {{139, 167}, {138, 217}, {179, 120}, {229, 120}},
-    c11000};
+const DialogTemplate k11000{11000, L"Insert password", nullptr, false, {{139, 167}, {138, 217}, {179, 120}, {229, 120}}, c11000};
+const DialogTemplate k11012{11012, L"Enter...", L"QuadraCE.htm#Dlg InsValore", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11012};
+const DialogTemplate k11016{11016, L"Enter...", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11016};
+const DialogTemplate k11068{11068, L"Enter...", L"QuadraCE.htm#Dlg ScegliRotazione", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11068};
+// clang-format on
 
 }  // namespace veld5::tpl
