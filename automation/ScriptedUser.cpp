@@ -219,35 +219,30 @@ ScriptedUser& ScriptedUser::Pick(unsigned id, const QString& itemText) {
                      });
 }
 
+ScriptedUser& ScriptedUser::TapCell(QString what, unsigned id, int row, int column, bool twice) {
+    return OnControl(std::move(what), id, [row, column, twice](QWidget* c) -> QString {
+        auto* view = qobject_cast<QAbstractItemView*>(c);
+        if (!view)
+            return QStringLiteral("control is not a list");
+        QString error;
+        const QPoint p = cellCenter(view, row, column, error);
+        if (!error.isEmpty())
+            return error;
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, p);
+        if (twice)
+            QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, p);
+        return {};
+    });
+}
+
 ScriptedUser& ScriptedUser::Tap(unsigned id, int row, int column) {
-    return OnControl(QStringLiteral("tap %1 %2 %3").arg(id).arg(row).arg(column), id,
-                     [row, column](QWidget* c) -> QString {
-                         auto* view = qobject_cast<QAbstractItemView*>(c);
-                         if (!view)
-                             return QStringLiteral("control is not a list");
-                         QString error;
-                         const QPoint p = cellCenter(view, row, column, error);
-                         if (!error.isEmpty())
-                             return error;
-                         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, p);
-                         return {};
-                     });
+    return TapCell(QStringLiteral("tap %1 %2 %3").arg(id).arg(row).arg(column), id, row, column,
+                   false);
 }
 
 ScriptedUser& ScriptedUser::DoubleTap(unsigned id, int row, int column) {
-    return OnControl(QStringLiteral("dtap %1 %2 %3").arg(id).arg(row).arg(column), id,
-                     [row, column](QWidget* c) -> QString {
-                         auto* view = qobject_cast<QAbstractItemView*>(c);
-                         if (!view)
-                             return QStringLiteral("control is not a list");
-                         QString error;
-                         const QPoint p = cellCenter(view, row, column, error);
-                         if (!error.isEmpty())
-                             return error;
-                         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, p);
-                         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, p);
-                         return {};
-                     });
+    return TapCell(QStringLiteral("dtap %1 %2 %3").arg(id).arg(row).arg(column), id, row, column,
+                   true);
 }
 
 ScriptedUser& ScriptedUser::CheckRow(unsigned id, int row) {
@@ -318,9 +313,9 @@ ScriptedUser& ScriptedUser::Answer(int button) {
                    QAbstractButton* b = box->button(sb);
                    if (!b)
                        return QStringLiteral("the message box has no button %1").arg(button);
-                   MessageRecord r{box->property("veldCaption").toString(),
-                                   box->property("veldText").toString(),
-                                   box->property("veldFlags").toUInt(), button};
+                   MessageRecord r{box->property(ulo::prop::kCaption).toString(),
+                                   box->property(ulo::prop::kText).toString(),
+                                   box->property(ulo::prop::kFlags).toUInt(), button};
                    messages_.push_back(r);
                    Emit(QJsonObject{{QStringLiteral("event"), QStringLiteral("message")},
                                     {QStringLiteral("caption"), r.caption},
@@ -476,9 +471,10 @@ void ScriptedUser::NoteWindow(QWidget* window) {
     seen_.push_back(window);
     DialogRecord r;
     r.title = window->windowTitle();
-    r.templateId = window->property("veldBaseId").toUInt();
-    r.layout =
-        window->property("veldLayout").isValid() ? window->property("veldLayout").toInt() : -1;
+    r.templateId = window->property(ulo::prop::kBaseId).toUInt();
+    r.layout = window->property(ulo::prop::kLayout).isValid()
+                   ? window->property(ulo::prop::kLayout).toInt()
+                   : -1;
     r.help = ulo::GetHelpTopic().ToQString();
     dialogs_.push_back(r);
     Emit(QJsonObject{

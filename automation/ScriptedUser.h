@@ -98,6 +98,7 @@ private:
     };
     ScriptedUser& Add(QString what, WindowKind kind, std::function<QString(QWidget*)> run);
     ScriptedUser& OnControl(QString what, unsigned id, std::function<QString(QWidget*)> run);
+    ScriptedUser& TapCell(QString what, unsigned id, int row, int column, bool twice);
     void Tick();
     void Fail(const QString& message, int line);
     void CloseAll();

@@ -16,7 +16,7 @@ QLineEdit* passwordEdit(QWidget* parent, unsigned id) {
     auto* e = new QLineEdit(parent);
     e->setEchoMode(QLineEdit::Password);
     e->setValidator(new ulo::CUppercaseValidator(e));  // as the password dialog stores it
-    e->setProperty(ulo::kCtrlIdProperty, id);
+    e->setProperty(ulo::prop::kCtrlId, id);
     return e;
 }
 }  // namespace
@@ -33,9 +33,9 @@ NewPasswordDialog::NewPasswordDialog(QWidget* parent) : QDialog(parent) {
     note->setWordWrap(true);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     ok_ = buttons->button(QDialogButtonBox::Ok);
-    ok_->setProperty(ulo::kCtrlIdProperty, kIdOk);
+    ok_->setProperty(ulo::prop::kCtrlId, kIdOk);
     ok_->setEnabled(false);
-    buttons->button(QDialogButtonBox::Cancel)->setProperty(ulo::kCtrlIdProperty, kIdCancel);
+    buttons->button(QDialogButtonBox::Cancel)->setProperty(ulo::prop::kCtrlId, kIdCancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     for (QLineEdit* e : {password_, repeat_})

@@ -46,7 +46,7 @@ int main(int argc, char** argv) {
             QPainter p(&picture);
             p.setPen(QPen(Qt::gray, 1, Qt::DotLine));
             for (QWidget* w : dialog.findChildren<QWidget*>())
-                if (w->isHidden() && w->property(ulo::kCtrlIdProperty).isValid())
+                if (w->isHidden() && w->property(ulo::prop::kCtrlId).isValid())
                     p.drawRect(w->geometry().adjusted(0, 0, -1, -1));
             p.end();
             const QString file = out.filePath(QStringLiteral("%1_%2.png").arg(t.baseId).arg(v));

@@ -80,7 +80,7 @@ int neededWidth(QWidget* w) {
 }
 
 const ulo::CtrlTemplate* controlOf(const ulo::DialogTemplate& t, QWidget* w) {
-    const int index = w->property("veldCtrlIndex").toInt();
+    const int index = w->property(ulo::prop::kCtrlIndex).toInt();
     return index < static_cast<int>(t.controls.size()) ? &t.controls[index] : nullptr;
 }
 
@@ -111,7 +111,7 @@ protected:
         ASSERT_NE(t, nullptr);
         const auto children = dialog->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
         for (QWidget* w : children) {
-            if (!w->property(ulo::kCtrlIdProperty).isValid())
+            if (!w->property(ulo::prop::kCtrlId).isValid())
                 continue;
             const ulo::CtrlTemplate* ctrl = controlOf(*t, w);
             ASSERT_NE(ctrl, nullptr);

@@ -68,7 +68,7 @@ TEST(MessageBoxes, FlagsGiveTheirButtonsAndAnswers) {
         QTimer::singleShot(0, [&] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
-            EXPECT_EQ(box->property("veldFlags").toUInt(), r.flags);
+            EXPECT_EQ(box->property(ulo::prop::kFlags).toUInt(), r.flags);
             if (r.press == QMessageBox::NoButton)
                 box->reject();
             else

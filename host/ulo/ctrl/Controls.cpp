@@ -18,7 +18,7 @@ GColorRef RefFromColor(const QColor& c) {
 }
 
 unsigned GetDlgCtrlID(const QWidget* widget) {
-    return widget ? widget->property(kCtrlIdProperty).toUInt() : 0;
+    return widget ? widget->property(prop::kCtrlId).toUInt() : 0;
 }
 
 QWidget* FindControl(const QWidget* window, unsigned id) {

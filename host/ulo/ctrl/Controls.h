@@ -1,6 +1,6 @@
 #pragma once
 // Controls of the toolkit, on Qt widgets. Every control carries its id
-// (property kCtrlIdProperty) so code and tests find it by id.
+// (property prop::kCtrlId, WidgetProperties.h) so code and tests find it by id.
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>

@@ -78,7 +78,7 @@ void InvokeHelpCommand(QWidget* dialog) {
 
 CWSizeDialog::CWSizeDialog(unsigned templateId, CWnd* parent)
     : QDialog(parent), templateId_(templateId) {
-    setProperty("veldTemplateId", templateId);
+    setProperty(prop::kTemplateId, templateId);
 }
 
 CWSizeDialog::~CWSizeDialog() = default;
@@ -90,8 +90,8 @@ bool CWSizeDialog::Build(CWnd* parent, bool child) {
     template_ = module ? module->FindTemplate(templateId_, &variant_) : nullptr;
     if (!template_)
         return false;
-    setProperty("veldLayout", variant_);
-    setProperty("veldBaseId", template_->baseId);
+    setProperty(prop::kLayout, variant_);
+    setProperty(prop::kBaseId, template_->baseId);
 
     const QFont font = DialogFont(*template_);
     setFont(font);
@@ -115,7 +115,7 @@ bool CWSizeDialog::Build(CWnd* parent, bool child) {
         QWidget* w = BuildControl(ctrl, variant_);
         if (!w)
             continue;
-        w->setProperty("veldCtrlIndex", index++);
+        w->setProperty(prop::kCtrlIndex, index++);
         if (ctrl.kind == CtrlKind::RadioButton) {
             if (!radioGroup || (ctrl.style & kGroupStart)) {
                 radioGroup = new QButtonGroup(this);
@@ -215,7 +215,7 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
     }
     if (w->parentWidget() != this)
         w->setParent(this);
-    w->setProperty(kCtrlIdProperty, ctrl.id);
+    w->setProperty(prop::kCtrlId, ctrl.id);
     if (ctrl.id != kStaticId)
         w->setObjectName(QStringLiteral("ctrl_%1").arg(ctrl.id));
     w->setGeometry(units_->Rect(ctrl.rect[variant]));
@@ -244,7 +244,7 @@ INT_PTR CWSizeDialog::DoModal() {
 
 bool CWSizeDialog::Create(unsigned templateId, CWnd* parent) {
     templateId_ = templateId;
-    setProperty("veldTemplateId", templateId);
+    setProperty(prop::kTemplateId, templateId);
     if (!Build(parent, true))
         return false;
     OnInitDialog();

@@ -14,9 +14,9 @@ int CreateMessageBox(CWnd* owner, const WString& caption, const WString& text, u
     box.setWindowTitle(caption.ToQString());
     box.setText(text.ToQString());
     box.setTextFormat(Qt::PlainText);
-    box.setProperty("veldCaption", caption.ToQString());
-    box.setProperty("veldText", text.ToQString());
-    box.setProperty("veldFlags", flags);
+    box.setProperty(prop::kCaption, caption.ToQString());
+    box.setProperty(prop::kText, text.ToQString());
+    box.setProperty(prop::kFlags, flags);
     switch (flags & 0xF0) {
         case MB_ICONERROR:
             box.setIcon(QMessageBox::Critical);
@@ -110,7 +110,7 @@ bool GetOpenFileName(CWnd* owner, const WString& title, const WString& filter,
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     if (!filters.isEmpty())
         dialog.setNameFilters(filters);
-    dialog.setProperty("veldFileDialog", true);
+    dialog.setProperty(prop::kFileDialog, true);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return false;
     path = WString::FromQString(dialog.selectedFiles().constFirst());

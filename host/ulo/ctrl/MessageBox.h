@@ -14,8 +14,8 @@ namespace ulo {
 
 /// Modal message box; returns the id of the button pressed (IDOK, IDCANCEL,
 /// IDYES, IDNO). Flags: MB_OK, MB_YESNO, MB_YESNOCANCEL with an icon bit.
-/// The box carries the dynamic properties "veldCaption", "veldText" and
-/// "veldFlags".
+/// The box carries its caption, text and flags in the properties
+/// prop::kCaption, kText and kFlags.
 int CreateMessageBox(CWnd* owner, const WString& caption, const WString& text, unsigned flags);
 /// The owner window's own message box: the text comes first.
 int MessageBox(CWnd* owner, const WString& text, const WString& caption, unsigned flags);

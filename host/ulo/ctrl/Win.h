@@ -3,6 +3,8 @@
 #include <QWidget>
 #include <cstdint>
 
+#include "WidgetProperties.h"
+
 namespace ulo {
 
 using CWnd = QWidget;
@@ -28,9 +30,6 @@ constexpr unsigned MB_ICONEXCLAMATION = 0x30;
 constexpr unsigned MB_ICONINFORMATION = 0x40;
 
 constexpr unsigned MB_BEEP_DEFAULT = 0xFFFFFFFF;
-
-/// Name of the dynamic property that carries a control's id.
-inline constexpr const char* kCtrlIdProperty = "veldCtrlId";
 
 /// Id of a control widget (0 when it has none).
 unsigned GetDlgCtrlID(const QWidget* widget);
