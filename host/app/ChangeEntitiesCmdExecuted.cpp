@@ -1,27 +1,13 @@
 #include "ChangeEntitiesCmdExecuted.h"
 
 #include "VELD.h"
-#include "veld/Ent.h"
-#include "ulo/Memento.h"
 
 CChangeEntitiesCmdExecuted::CChangeEntitiesCmdExecuted(CVELD* cad) : ICADCmdExecuted(cad) {}
 
-CChangeEntitiesCmdExecuted::~CChangeEntitiesCmdExecuted() {
-    for (auto& [entity, memento] : entries_) {
-        if (memento)
-            memento->SubReference();
-        entity->SubReference();
-    }
-}
-
 void CChangeEntitiesCmdExecuted::add(veld::CEnt* entity, ulo::IMemento* before) {
-    if (!entity) {
-        if (before)
-            before->SubReference();
-        return;
-    }
-    entity->AddReference();
-    entries_.emplace_back(entity, before);
+    auto memento = ulo::RefPtr<ulo::IMemento>::Adopt(before);
+    if (entity)
+        entries_.emplace_back(ulo::RefPtr<veld::CEnt>::Share(entity), std::move(memento));
 }
 
 unsigned CChangeEntitiesCmdExecuted::GetMemSize() {
@@ -41,7 +27,7 @@ void CChangeEntitiesCmdExecuted::DoCADRedo() {
         Swap(entry);
 }
 
-void CChangeEntitiesCmdExecuted::Swap(std::pair<veld::CEnt*, ulo::IMemento*>& entry) {
+void CChangeEntitiesCmdExecuted::Swap(Entry& entry) {
     ulo::SwapMemento(*entry.first, entry.second);
-    ReflectEntModified(GetVELD(), entry.first);
+    ReflectEntModified(GetVELD(), entry.first.get());
 }

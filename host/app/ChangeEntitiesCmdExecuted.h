@@ -10,25 +10,21 @@
 #include <vector>
 
 #include "ICADCmdExecuted.h"
-
-namespace ulo {
-class IMemento;
-}
-namespace veld {
-class CEnt;
-}
+#include "ulo/Memento.h"
+#include "veld/Ent.h"
 
 class CChangeEntitiesCmdExecuted : public ICADCmdExecuted {
 public:
     explicit CChangeEntitiesCmdExecuted(CVELD* cad);
-    ~CChangeEntitiesCmdExecuted() override;
 
     /// Records @p entity (the command holds a reference on it) with its
     /// memento from before the change; the command takes over the caller's
     /// reference to @p before.
     void add(veld::CEnt* entity, ulo::IMemento* before);
     unsigned GetNoEnts() const { return static_cast<unsigned>(entries_.size()); }
-    veld::CEnt* GetEnt(unsigned i) const { return i < entries_.size() ? entries_[i].first : nullptr; }
+    veld::CEnt* GetEnt(unsigned i) const {
+        return i < entries_.size() ? entries_[i].first.get() : nullptr;
+    }
 
     /// The command itself and every memento it holds.
     unsigned GetMemSize() override;
@@ -40,6 +36,7 @@ protected:
     void DoCADRedo() override;
 
 private:
-    void Swap(std::pair<veld::CEnt*, ulo::IMemento*>& entry);
-    std::vector<std::pair<veld::CEnt*, ulo::IMemento*>> entries_;
+    using Entry = std::pair<ulo::RefPtr<veld::CEnt>, ulo::RefPtr<ulo::IMemento>>;
+    void Swap(Entry& entry);
+    std::vector<Entry> entries_;
 };

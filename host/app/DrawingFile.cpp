@@ -383,83 +383,95 @@ unsigned flags(const In& in) {
     return static_cast<unsigned>(in.Whole(0, 0xFFFFFFFF));
 }
 
-void readStyles(veld::CData& data, const In& list) {
-    auto kept = takeDefaults(data.GetStyleTable());
+/// The reader of one table's list, shared by the tables: for each entry its
+/// name (once in the table), the table's own values (@p Entry::Read, checked
+/// before the item is made), the item (the kept default of the same name
+/// taken over with @p Entry::TakeOver, or a new one from @p Entry::Create),
+/// its flags and the values the table reads last (@p Entry::Finish); then
+/// the table adds it.
+template <class Entry, class T>
+void readTable(veld::CData& data, veld::ITable<T>& table, const In& list) {
+    auto kept = takeDefaults(table);
     for (qsizetype i = 0; i < list.Size(); ++i) {
-        const In s = list.At(i);
-        const QString name = s["name"].Name();
-        checkUnique(data.GetStyleTable(), name, s["name"]);
+        const In in = list.At(i);
+        const QString name = in["name"].Name();
+        checkUnique(table, name, in["name"]);
+        Entry entry = Entry::Read(data, in);
+        ulo::RefPtr<T> item;
+        if (auto it = kept.find(name.toUpper()); it != kept.end()) {
+            item = it->second;
+            item->SetName(w(name));
+            entry.TakeOver(*item, name);
+        } else {
+            item = ulo::RefPtr<T>::Adopt(entry.Create(data, name));
+        }
+        item->SetFlags(flags(in["flags"]));
+        entry.Finish(*item, in);
+        table.Add(item.get());
+    }
+}
+
+struct StyleEntry {
+    const veld::ICADFont* font;
+
+    static StyleEntry Read(veld::CData&, const In& s) {
         const QString fontName = s["font"].Text();
         const veld::ICADFont* font = veld::CFontTable::GetInstance().Find(w(fontName));
         if (!font)
             s["font"].Fail(QStringLiteral("no font \"%1\"").arg(fontName));
-        ulo::RefPtr<veld::CStyle> style;
-        if (auto it = kept.find(name.toUpper()); it != kept.end()) {
-            style = it->second;
-            style->SetName(w(name));
-            style->SetFont(font);
-        } else {
-            style = ulo::RefPtr<veld::CStyle>::Adopt(
-                data.GetObjectFactory()->CreateStyle(w(name), font, 0, 1, 0, 0, 0, 0));
-        }
-        style->SetFlags(flags(s["flags"]));
-        style->SetFixedHeight(s["fixedHeight"].Number(0, 1e100));
-        style->SetLastHeight(s["lastHeight"].Number(0, 1e100));
-        style->SetWidthScale(s["widthScale"].Number(1e-9, 1e100));
-        style->SetOblique(s["oblique"].Number(-M_PI, M_PI));
-        style->SetBold(s["bold"].Bool());
-        style->SetItalic(s["italic"].Bool());
-        style->SetHoriz(s["horizontal"].Bool());
-        data.GetStyleTable().Add(style.get());
+        return {font};
     }
-    if (data.GetStyleTable().GetNoItems() == 0)
-        list.Fail("a drawing needs at least one text style");
-}
+    void TakeOver(veld::CStyle& style, const QString&) const { style.SetFont(font); }
+    veld::CStyle* Create(veld::CData& data, const QString& name) const {
+        return data.GetObjectFactory()->CreateStyle(w(name), font, 0, 1, 0, 0, 0, 0);
+    }
+    void Finish(veld::CStyle& style, const In& s) const {
+        style.SetFixedHeight(s["fixedHeight"].Number(0, 1e100));
+        style.SetLastHeight(s["lastHeight"].Number(0, 1e100));
+        style.SetWidthScale(s["widthScale"].Number(1e-9, 1e100));
+        style.SetOblique(s["oblique"].Number(-M_PI, M_PI));
+        style.SetBold(s["bold"].Bool());
+        style.SetItalic(s["italic"].Bool());
+        style.SetHoriz(s["horizontal"].Bool());
+    }
+};
 
-void readLtypes(veld::CData& data, const In& list) {
-    auto kept = takeDefaults(data.GetLtypeTable());
-    for (qsizetype i = 0; i < list.Size(); ++i) {
-        const In t = list.At(i);
-        const QString name = t["name"].Name();
-        checkUnique(data.GetLtypeTable(), name, t["name"]);
-        veld::CLtypeComplexDashSeq seq;
+struct LtypeEntry {
+    veld::CLtypeComplexDashSeq seq;
+    QString desc;
+
+    static LtypeEntry Read(veld::CData& data, const In& t) {
+        LtypeEntry entry;
         const In elements = t["elements"];
         for (qsizetype j = 0; j < elements.Size(); ++j) {
             const In e = elements.At(j);
             if (!e.IsObject()) {
-                seq.AddDashDouble(e.Number());
+                entry.seq.AddDashDouble(e.Number());
                 continue;
             }
-            seq.AddDashText(veld::TEXT_3D(
+            entry.seq.AddDashText(veld::TEXT_3D(
                 w(e["text"].Text()), findStyle(data, e["style"]), e["height"].Number(),
                 e["slant"].Number(), e["width"].Number(), e["rotation"].Number(), e["at"].Point(),
                 static_cast<unsigned short>(e["align"].Whole(0, 11)), 0));
         }
-        const QString desc = t["desc"].Text();
-        ulo::RefPtr<veld::CLtype> ltype;
-        if (auto it = kept.find(name.toUpper()); it != kept.end()) {
-            ltype = it->second;
-            ltype->SetName(w(name));
-            ltype->Copy(veld::CLtype(w(name), w(desc), std::move(seq), 0));
-        } else {
-            ltype = ulo::RefPtr<veld::CLtype>::Adopt(
-                data.GetObjectFactory()->CreateLtype(w(name), w(desc), std::move(seq), 0, 0));
-        }
-        ltype->SetFlags(flags(t["flags"]));
-        data.GetLtypeTable().Add(ltype.get());
+        entry.desc = t["desc"].Text();
+        return entry;
     }
-    for (const wchar_t* needed : {L"ByBlock", L"ByLayer", L"Continuous"})
-        if (!data.GetLtypeTable().Find(needed))
-            list.Fail(QStringLiteral("the line type \"%1\" is missing")
-                          .arg(QString::fromWCharArray(needed)));
-}
+    void TakeOver(veld::CLtype& ltype, const QString& name) {
+        ltype.Copy(veld::CLtype(w(name), w(desc), std::move(seq), 0));
+    }
+    veld::CLtype* Create(veld::CData& data, const QString& name) {
+        return data.GetObjectFactory()->CreateLtype(w(name), w(desc), std::move(seq), 0, 0);
+    }
+    void Finish(veld::CLtype&, const In&) const {}
+};
 
-void readLayers(veld::CData& data, const In& list) {
-    auto kept = takeDefaults(data.GetLayerTable());
-    for (qsizetype i = 0; i < list.Size(); ++i) {
-        const In l = list.At(i);
-        const QString name = l["name"].Name();
-        checkUnique(data.GetLayerTable(), name, l["name"]);
+struct LayerEntry {
+    veld::CLtype* ltype;
+    unsigned short colour;
+    veld::enumLineWidth width;
+
+    static LayerEntry Read(veld::CData& data, const In& l) {
         const In ltypeIn = l["ltype"];
         veld::CLtype* ltype = findLtype(data, ltypeIn);
         // ByLayer would refer the layer to itself, ByBlock to no block at all.
@@ -471,20 +483,35 @@ void readLayers(veld::CData& data, const In& list) {
         const auto width = static_cast<int>(widthIn.Whole(-3, 211));
         if (!veld::IsValidLineWidth(width))
             widthIn.Fail(QStringLiteral("%1 is not a standard line width").arg(width));
-        ulo::RefPtr<veld::CLayer> layer;
-        if (auto it = kept.find(name.toUpper()); it != kept.end()) {
-            layer = it->second;
-            layer->SetName(w(name));
-            layer->SetLtype(ltype);
-            layer->SetColor(colour);
-            layer->SetLineWidth(static_cast<veld::enumLineWidth>(width));
-        } else {
-            layer = ulo::RefPtr<veld::CLayer>::Adopt(data.GetObjectFactory()->CreateLayer(
-                w(name), ltype, colour, static_cast<veld::enumLineWidth>(width), 0, 0));
-        }
-        layer->SetFlags(flags(l["flags"]));
-        data.GetLayerTable().Add(layer.get());
+        return {ltype, colour, static_cast<veld::enumLineWidth>(width)};
     }
+    void TakeOver(veld::CLayer& layer, const QString&) const {
+        layer.SetLtype(ltype);
+        layer.SetColor(colour);
+        layer.SetLineWidth(width);
+    }
+    veld::CLayer* Create(veld::CData& data, const QString& name) const {
+        return data.GetObjectFactory()->CreateLayer(w(name), ltype, colour, width, 0, 0);
+    }
+    void Finish(veld::CLayer&, const In&) const {}
+};
+
+void readStyles(veld::CData& data, const In& list) {
+    readTable<StyleEntry>(data, data.GetStyleTable(), list);
+    if (data.GetStyleTable().GetNoItems() == 0)
+        list.Fail("a drawing needs at least one text style");
+}
+
+void readLtypes(veld::CData& data, const In& list) {
+    readTable<LtypeEntry>(data, data.GetLtypeTable(), list);
+    for (const wchar_t* needed : {L"ByBlock", L"ByLayer", L"Continuous"})
+        if (!data.GetLtypeTable().Find(needed))
+            list.Fail(QStringLiteral("the line type \"%1\" is missing")
+                          .arg(QString::fromWCharArray(needed)));
+}
+
+void readLayers(veld::CData& data, const In& list) {
+    readTable<LayerEntry>(data, data.GetLayerTable(), list);
     if (!data.GetLayerTable().Find(L"0"))
         list.Fail("the layer \"0\" is missing");
 }

@@ -24,28 +24,21 @@ CPropLayerLtypeCmdExecuted::CPropLayerLtypeCmdExecuted(
       createdLtypes_(createdLtypes),
       deletedLtypes_(deletedLtypes) {}
 
-CPropLayerLtypeCmdExecuted::~CPropLayerLtypeCmdExecuted() {
-    for (ulo::IMemento* m : layerMementos_)
-        m->SubReference();
-    for (ulo::IMemento* m : ltypeMementos_)
-        m->SubReference();
-}
-
 void CPropLayerLtypeCmdExecuted::Changed(veld::CLayer* layer, ulo::IMemento* before) {
     modifiedLayers_.Add(layer);
-    layerMementos_.push_back(before);
+    layerMementos_.push_back(ulo::RefPtr<ulo::IMemento>::Adopt(before));
 }
 
 void CPropLayerLtypeCmdExecuted::Changed(veld::CLtype* ltype, ulo::IMemento* before) {
     modifiedLtypes_.Add(ltype);
-    ltypeMementos_.push_back(before);
+    ltypeMementos_.push_back(ulo::RefPtr<ulo::IMemento>::Adopt(before));
 }
 
 unsigned CPropLayerLtypeCmdExecuted::GetMemSize() {
     unsigned size = sizeof(*this);
-    for (const ulo::IMemento* m : layerMementos_)
+    for (const auto& m : layerMementos_)
         size += m ? m->GetMemSize() : 0;
-    for (const ulo::IMemento* m : ltypeMementos_)
+    for (const auto& m : ltypeMementos_)
         size += m ? m->GetMemSize() : 0;
     const unsigned items = createdLayers_.GetNoElems() + deletedLayers_.GetNoElems() +
                            createdLtypes_.GetNoElems() + deletedLtypes_.GetNoElems();

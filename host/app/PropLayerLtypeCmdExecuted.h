@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "ICADCmdExecuted.h"
+#include "ulo/Memento.h"
 #include "ulo/RefCounter.h"
 #include "veld/HandleObjectVectorCollection.h"
 #include "veld/Layer.h"
@@ -23,7 +24,6 @@ public:
                                const veld::CHandleObjectVectorCollection& deletedLayers,
                                const veld::CHandleObjectVectorCollection& createdLtypes,
                                const veld::CHandleObjectVectorCollection& deletedLtypes);
-    ~CPropLayerLtypeCmdExecuted() override;
 
     /// Records a changed layer (line type) with its memento from before the
     /// change; the command takes over the caller's reference to @p before.
@@ -45,5 +45,5 @@ private:
     veld::CHandleObjectVectorCollection createdLayers_, deletedLayers_;
     veld::CHandleObjectVectorCollection createdLtypes_, deletedLtypes_;
     veld::CHandleObjectVectorCollection modifiedLayers_, modifiedLtypes_;
-    std::vector<ulo::IMemento*> layerMementos_, ltypeMementos_;
+    std::vector<ulo::RefPtr<ulo::IMemento>> layerMementos_, ltypeMementos_;
 };

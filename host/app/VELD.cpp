@@ -1,6 +1,7 @@
 #include "VELD.h"
 
 #include <algorithm>
+#include <type_traits>
 
 #include "ulo/NumberText.h"
 #include "veld/Colors.h"
@@ -191,41 +192,46 @@ void CVELD::UpdateAngleConverter() {
     }
 }
 
+namespace {
+/// Sets one setting of the CAD instance and, when it changed, tells the
+/// listeners of @p var. The pointer settings are the current items: the CAD
+/// instance holds a reference on each.
+template <class T>
+void setSetting(CVELD* cad, T CVELD::Settings::*field, const T& value, CVELD::Var var) {
+    T& slot = cad->GetSettings().*field;
+    if (slot == value)
+        return;
+    if constexpr (std::is_pointer_v<T>)
+        holdCurrent(slot, value);
+    else
+        slot = value;
+    cad->GetVeldSourceEvent()->NotifyVarChanged(var);
+}
+}  // namespace
+
 veld::CLayer* GetCurLayer(const CVELD* cad) {
     return cad->GetSettings().curLayer;
 }
 void SetCurLayer(CVELD* cad, veld::CLayer* layer) {
-    if (cad->GetSettings().curLayer == layer)
-        return;
-    holdCurrent(cad->GetSettings().curLayer, layer);
-    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarCurLayer);
+    setSetting(cad, &CVELD::Settings::curLayer, layer, CVELD::kVarCurLayer);
 }
 veld::CLtype* GetCurLtype(const CVELD* cad) {
     return cad->GetSettings().curLtype;
 }
 void SetCurLtype(CVELD* cad, veld::CLtype* ltype) {
-    if (cad->GetSettings().curLtype == ltype)
-        return;
-    holdCurrent(cad->GetSettings().curLtype, ltype);
-    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarCurLtype);
+    setSetting(cad, &CVELD::Settings::curLtype, ltype, CVELD::kVarCurLtype);
 }
 veld::CStyle* GetCurStyle(const CVELD* cad) {
     return cad->GetSettings().curStyle;
 }
 void SetCurStyle(CVELD* cad, veld::CStyle* style) {
-    if (cad->GetSettings().curStyle == style)
-        return;
-    holdCurrent(cad->GetSettings().curStyle, style);
-    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarCurStyle);
+    setSetting(cad, &CVELD::Settings::curStyle, style, CVELD::kVarCurStyle);
 }
 double GetLtypeScale(const CVELD* cad) {
     return cad->GetSettings().ltypeScale;
 }
 void SetLtypeScale(CVELD* cad, double scale) {
-    if (cad->GetSettings().ltypeScale == scale)
-        return;
-    cad->GetSettings().ltypeScale = scale;
-    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarLtypeScale);
+    setSetting(cad, &CVELD::Settings::ltypeScale, scale, CVELD::kVarLtypeScale);
 }
 
 void GetAngleSystem(const CVELD* cad, short& system, double& base, bool& clockwise) {
@@ -253,19 +259,13 @@ long GetCrossDim(const CVELD* cad) {
     return cad->GetSettings().crossDim;
 }
 void SetCrossDim(CVELD* cad, long size) {
-    if (cad->GetSettings().crossDim == size)
-        return;
-    cad->GetSettings().crossDim = size;
-    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarCursor);
+    setSetting(cad, &CVELD::Settings::crossDim, size, CVELD::kVarCursor);
 }
 long GetDeltaPick(const CVELD* cad) {
     return cad->GetSettings().deltaPick;
 }
 void SetDeltaPick(CVELD* cad, long size) {
-    if (cad->GetSettings().deltaPick == size)
-        return;
-    cad->GetSettings().deltaPick = size;
-    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarCursor);
+    setSetting(cad, &CVELD::Settings::deltaPick, size, CVELD::kVarCursor);
 }
 
 GColor GetClrNo(const CVELD*, int index) {
@@ -284,26 +284,17 @@ GColor GetClrLogCrossHair(const CVELD* cad) {
     return cad->GetSettings().crossHair;
 }
 
-namespace {
-void setColour(CVELD* cad, GColor CVELD::Settings::*field, const GColor& c) {
-    if (cad->GetSettings().*field == c)
-        return;
-    cad->GetSettings().*field = c;
-    cad->GetVeldSourceEvent()->NotifyVarChanged(CVELD::kVarColors);
-}
-}  // namespace
-
 void SetClrGrphWndBkGrnd(CVELD* cad, const GColor& c) {
-    setColour(cad, &CVELD::Settings::background, c);
+    setSetting(cad, &CVELD::Settings::background, c, CVELD::kVarColors);
 }
 void SetClrGrid(CVELD* cad, const GColor& c) {
-    setColour(cad, &CVELD::Settings::grid, c);
+    setSetting(cad, &CVELD::Settings::grid, c, CVELD::kVarColors);
 }
 void SetClrEntSelected(CVELD* cad, const GColor& c) {
-    setColour(cad, &CVELD::Settings::selected, c);
+    setSetting(cad, &CVELD::Settings::selected, c, CVELD::kVarColors);
 }
 void SetClrCrossHair(CVELD* cad, const GColor& c) {
-    setColour(cad, &CVELD::Settings::crossHair, c);
+    setSetting(cad, &CVELD::Settings::crossHair, c, CVELD::kVarColors);
 }
 bool DoColorSelectedEnts() {
     return globalColorSelected;

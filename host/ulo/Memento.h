@@ -29,16 +29,15 @@ protected:
 };
 
 /// The memento swap: one stored memento per object serves undo and redo alike.
-/// Takes a fresh memento, restores the object from the stored one, releases
-/// the stored one and keeps the fresh one in its place. Nothing happens
+/// Takes a fresh memento, restores the object from the stored one and keeps
+/// the fresh one in its place (the stored one is released). Nothing happens
 /// without a stored memento.
-inline void SwapMemento(IMementable& object, IMemento*& stored) {
+inline void SwapMemento(IMementable& object, RefPtr<IMemento>& stored) {
     if (!stored)
         return;
-    IMemento* fresh = object.CreateMemento();
-    object.SetMemento(stored);
-    stored->SubReference();
-    stored = fresh;
+    RefPtr<IMemento> fresh = RefPtr<IMemento>::Adopt(object.CreateMemento());
+    object.SetMemento(stored.get());
+    stored = std::move(fresh);
 }
 
 /// A memento that stores a copy of a value type.

@@ -23,7 +23,7 @@ void CDrawingType::DiscardNewDrawing(unsigned cookie) {
 
 CDrawing::CDrawing(CData* data, const ulo::WString& name, unsigned flags, IHandleGestor* gestor,
                    CDrawingType* type)
-    : ITableItem(name, flags), type_(type), gestor_(gestor) {
+    : CStatefulItem(name, flags, {}), type_(type), gestor_(gestor) {
     SetData(data);
     if (gestor)
         SetHandle(gestor->NewHandle());
@@ -32,18 +32,6 @@ CDrawing::CDrawing(CData* data, const ulo::WString& name, unsigned flags, IHandl
 unsigned CDrawing::Site::GetNoEnts() const {
     CData* data = d_->GetData();
     return data ? data->GetEntTable().CountIn(d_) : 0;
-}
-
-ulo::IMemento* CDrawing::CreateMemento() const {
-    return MakeMemento(s_);
-}
-
-bool CDrawing::HasChanged(const ulo::IMemento* memento) const {
-    return DiffersFrom(memento, s_);
-}
-
-void CDrawing::OnSetMemento(ulo::IMemento* memento) {
-    RestoreFrom(memento, s_);
 }
 
 CDrawingManager::CDrawingManager(CData* data, IHandleGestor* gestor)

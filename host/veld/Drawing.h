@@ -85,7 +85,14 @@ private:
     unsigned openCookies_ = 0;
 };
 
-class CDrawing : public ITableItem {
+/// What an entity set's memento keeps beside its name and flags.
+struct DrawingState {
+    bool visible = true, locked = false, hidden = false, useColor = false;
+    unsigned colour = 1;
+    bool operator==(const DrawingState&) const = default;
+};
+
+class CDrawing : public CStatefulItem<DrawingState> {
 public:
     CDrawing(CData* data, const ulo::WString& name, unsigned flags, IHandleGestor* gestor,
              CDrawingType* type);
@@ -109,12 +116,6 @@ public:
     /// The set's entities, counted in the drawing's entity table.
     const IEntSite* GetEntTable() const { return &site_; }
 
-    ulo::IMemento* CreateMemento() const override;
-    bool HasChanged(const ulo::IMemento* memento) const override;
-
-protected:
-    void OnSetMemento(ulo::IMemento* memento) override;
-
 private:
     class Site : public IEntSite {
     public:
@@ -124,11 +125,6 @@ private:
     private:
         const CDrawing* d_;
     };
-    struct State {
-        bool visible = true, locked = false, hidden = false, useColor = false;
-        unsigned colour = 1;
-        bool operator==(const State&) const = default;
-    } s_;
     CDrawingType* type_;
     IHandleGestor* gestor_;
     unsigned noRef_ = 0;
@@ -183,8 +179,7 @@ public:
     /// A name for a new set of @p typeId that none of @p names has (ignoring
     /// case): the type's base name and the smallest number from 1, "CAD1",
     /// "Topog1", ...
-    ulo::WString GetNewSuitableName(unsigned typeId,
-                                    const std::vector<ulo::WString>& names) const;
+    ulo::WString GetNewSuitableName(unsigned typeId, const std::vector<ulo::WString>& names) const;
 
 private:
     /// Where the active set of @p type is kept (null for a foreign type).

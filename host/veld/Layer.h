@@ -13,7 +13,17 @@ enum enumLineWidth : int { kLineWidthDefault = -3, kLineWidthByLayer = -2, kLine
 /// other values are not widths the program can show or plot.
 bool IsValidLineWidth(int width);
 
-class CLayer : public ITableItem {
+/// What a layer's memento keeps beside its name and flags.
+struct LayerState {
+    unsigned short colour;
+    ulo::RefPtr<CLtype> ltype;
+    enumLineWidth width;
+    bool operator==(const LayerState& o) const {
+        return colour == o.colour && ltype.get() == o.ltype.get() && width == o.width;
+    }
+};
+
+class CLayer : public CStatefulItem<LayerState> {
 public:
     CLayer(const ulo::WString& name, CLtype* ltype, unsigned short colour, enumLineWidth width,
            unsigned flags);
@@ -38,26 +48,12 @@ public:
     bool CanBeCurrent() const override { return !IsFrozen() && !IsXRef(); }
     bool CanBeRenamed() const override { return !IsLayer0() && !IsXRef(); }
 
-    ulo::IMemento* CreateMemento() const override;
-    bool HasChanged(const ulo::IMemento* memento) const override;
-
     static constexpr unsigned kFlagFrozen = 0x01;
     static constexpr unsigned kFlagLocked = 0x04;
     static constexpr unsigned kFlagOff = 0x80;
 
-protected:
-    void OnSetMemento(ulo::IMemento* memento) override;
-
 private:
     void SetFlag(unsigned bit, bool on) { SetFlags(on ? (GetFlags() | bit) : (GetFlags() & ~bit)); }
-    struct State {
-        unsigned short colour;
-        ulo::RefPtr<CLtype> ltype;
-        enumLineWidth width;
-        bool operator==(const State& o) const {
-            return colour == o.colour && ltype.get() == o.ltype.get() && width == o.width;
-        }
-    } s_;
 };
 
 }  // namespace veld

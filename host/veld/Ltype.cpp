@@ -6,10 +6,10 @@ namespace veld {
 
 CLtype::CLtype(const ulo::WString& name, const ulo::WString& desc, const CLtypeComplexDashSeq& seq,
                unsigned flags)
-    : ITableItem(name, flags), s_{desc, seq} {}
+    : CStatefulItem(name, flags, {desc, seq}) {}
 
 CLtype::CLtype(ulo::WString name, ulo::WString desc, CLtypeComplexDashSeq&& seq, unsigned flags)
-    : ITableItem(std::move(name), flags), s_{std::move(desc), std::move(seq)} {}
+    : CStatefulItem(std::move(name), flags, {std::move(desc), std::move(seq)}) {}
 
 double CLtype::GetPatternLen() const {
     double len = 0.0;
@@ -36,16 +36,6 @@ bool CLtype::IsContinuous() const {
 }
 bool CLtype::CanBeRenamed() const {
     return !IsByBlock() && !IsByLayer() && !IsContinuous() && !IsXRef();
-}
-
-ulo::IMemento* CLtype::CreateMemento() const {
-    return MakeMemento(s_);
-}
-bool CLtype::HasChanged(const ulo::IMemento* memento) const {
-    return DiffersFrom(memento, s_);
-}
-void CLtype::OnSetMemento(ulo::IMemento* memento) {
-    RestoreFrom(memento, s_);
 }
 
 }  // namespace veld

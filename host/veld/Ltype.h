@@ -59,7 +59,14 @@ private:
     std::vector<ILtypeComplexDash> dashes_;
 };
 
-class CLtype : public ITableItem {
+/// What a line type's memento keeps beside its name and flags.
+struct LtypeState {
+    ulo::WString desc;
+    CLtypeComplexDashSeq seq;
+    bool operator==(const LtypeState&) const = default;
+};
+
+class CLtype : public CStatefulItem<LtypeState> {
 public:
     CLtype(const ulo::WString& name, const ulo::WString& desc, const CLtypeComplexDashSeq& seq,
            unsigned flags);
@@ -81,19 +88,6 @@ public:
     bool IsContinuous() const;
     bool CanBeRenamed() const override;
     bool CanBeCurrent() const override { return !IsXRef(); }
-
-    ulo::IMemento* CreateMemento() const override;
-    bool HasChanged(const ulo::IMemento* memento) const override;
-
-protected:
-    void OnSetMemento(ulo::IMemento* memento) override;
-
-private:
-    struct State {
-        ulo::WString desc;
-        CLtypeComplexDashSeq seq;
-        bool operator==(const State&) const = default;
-    } s_;
 };
 
 }  // namespace veld

@@ -6,7 +6,15 @@
 
 namespace veld {
 
-class CStyle : public ITableItem {
+/// What a text style's memento keeps beside its name and flags.
+struct StyleState {
+    const ICADFont* font;
+    double fixedHeight, lastHeight, widthScale, oblique;
+    bool bold = false, italic = false, horizontal = true;
+    bool operator==(const StyleState&) const = default;
+};
+
+class CStyle : public CStatefulItem<StyleState> {
 public:
     CStyle(const ulo::WString& name, const ICADFont* font, double fixedHeight, double widthScale,
            double oblique, double lastHeight, unsigned flags);
@@ -30,21 +38,7 @@ public:
     bool IsShape() const { return (GetFlags() & kFlagShape) != 0; }
     virtual bool IsXRefDependent() const { return IsXRef(); }
 
-    ulo::IMemento* CreateMemento() const override;
-    bool HasChanged(const ulo::IMemento* memento) const override;
-
     static constexpr unsigned kFlagShape = 0x01;
-
-protected:
-    void OnSetMemento(ulo::IMemento* memento) override;
-
-private:
-    struct State {
-        const ICADFont* font;
-        double fixedHeight, lastHeight, widthScale, oblique;
-        bool bold = false, italic = false, horizontal = true;
-        bool operator==(const State&) const = default;
-    } s_;
 };
 
 }  // namespace veld

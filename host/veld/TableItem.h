@@ -41,52 +41,51 @@ public:
 protected:
     ITableItem(ulo::WString name, unsigned flags) : name_(std::move(name)), flags_(flags) {}
 
-    /// State shared by every item's memento.
-    struct ItemState {
-        ulo::WString name;
-        unsigned flags;
-    };
-    ItemState SaveItem() const { return {name_, flags_}; }
-    void RestoreItem(const ItemState& s) {
-        name_ = s.name;
-        flags_ = s.flags;
-    }
-    static bool SameItem(const ItemState& a, const ItemState& b) {
-        return a.name == b.name && a.flags == b.flags;
-    }
-
-    /// A memento of the item's name and flags plus a class's own state @p S
-    /// (a value type with ==).
-    template <class S>
-    struct CItemMemento : ulo::IMemento {
-        ItemState item;
-        S state;
-        unsigned GetMemSize() const override { return sizeof(*this); }
-    };
-    template <class S>
-    ulo::IMemento* MakeMemento(const S& state) const {
-        auto* m = new CItemMemento<S>();
-        m->item = SaveItem();
-        m->state = state;
-        return m;
-    }
-    template <class S>
-    bool DiffersFrom(const ulo::IMemento* memento, const S& state) const {
-        const auto* m = dynamic_cast<const CItemMemento<S>*>(memento);
-        return !m || !SameItem(m->item, SaveItem()) || !(m->state == state);
-    }
-    template <class S>
-    void RestoreFrom(const ulo::IMemento* memento, S& state) {
-        if (const auto* m = dynamic_cast<const CItemMemento<S>*>(memento)) {
-            RestoreItem(m->item);
-            state = m->state;
-        }
-    }
-
 private:
     ulo::WString name_;
     unsigned flags_;
     CData* data_ = nullptr;
+};
+
+/// A table item whose memento holds its name, its flags and its own state
+/// @p S (a value type with ==): an item class only says what its state is and
+/// keeps it in s_.
+template <class S>
+class CStatefulItem : public ITableItem {
+public:
+    ulo::IMemento* CreateMemento() const override {
+        return new Memento(Snapshot{{GetName(), GetFlags()}, s_});
+    }
+    bool HasChanged(const ulo::IMemento* memento) const override {
+        const auto* m = dynamic_cast<const Memento*>(memento);
+        return !m || m->state.item.name != GetName() || m->state.item.flags != GetFlags() ||
+               !(m->state.own == s_);
+    }
+
+protected:
+    CStatefulItem(ulo::WString name, unsigned flags, S state)
+        : ITableItem(std::move(name), flags), s_(std::move(state)) {}
+
+    void OnSetMemento(ulo::IMemento* memento) override {
+        if (const auto* m = dynamic_cast<const Memento*>(memento)) {
+            SetName(m->state.item.name);
+            SetFlags(m->state.item.flags);
+            s_ = m->state.own;
+        }
+    }
+
+    S s_;
+
+private:
+    struct ItemState {
+        ulo::WString name;
+        unsigned flags;
+    };
+    struct Snapshot {
+        ItemState item;
+        S own;
+    };
+    using Memento = ulo::CValueMemento<Snapshot>;
 };
 
 /// The table name rule: 1 to 255 characters, each A-Z, a-z, 0-9 or one of

@@ -9,12 +9,9 @@ namespace veld5 {
 using ulo::SwapMemento;
 
 CGridSnapCmdExecuted::CGridSnapCmdExecuted(CVELDView* view, ulo::IMemento* before)
-    : ICADCmdExecuted(GetViewVELD(view)), view_(view), memento_(before) {}
-
-CGridSnapCmdExecuted::~CGridSnapCmdExecuted() {
-    if (memento_)
-        memento_->SubReference();
-}
+    : ICADCmdExecuted(GetViewVELD(view)),
+      view_(view),
+      memento_(ulo::RefPtr<ulo::IMemento>::Adopt(before)) {}
 
 unsigned CGridSnapCmdExecuted::GetMemSize() {
     return (memento_ ? memento_->GetMemSize() : 0) + 16;

@@ -13,7 +13,6 @@ public:
     /// Takes over the reference to @p before, a memento of the view's grid
     /// taken before the change.
     CGridSnapCmdExecuted(CVELDView* view, ulo::IMemento* before);
-    ~CGridSnapCmdExecuted() override;
     unsigned GetMemSize() override;
 
 protected:
@@ -23,7 +22,7 @@ protected:
 private:
     void Swap();
     CVELDView* view_;
-    ulo::IMemento* memento_;
+    ulo::RefPtr<ulo::IMemento> memento_;
 };
 
 }  // namespace veld5

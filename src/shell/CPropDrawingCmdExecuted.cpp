@@ -29,14 +29,9 @@ CPropDrawingCmdExecuted::CPropDrawingCmdExecuted(
         orderAfter_.Add(manager->GetDrawingAtPos(i));
 }
 
-CPropDrawingCmdExecuted::~CPropDrawingCmdExecuted() {
-    for (ulo::IMemento* m : mementos_)
-        m->SubReference();
-}
-
 void CPropDrawingCmdExecuted::Changed(veld::CDrawing* drawing, ulo::IMemento* before) {
     modified_.Add(drawing);
-    mementos_.push_back(before);
+    mementos_.push_back(ulo::RefPtr<ulo::IMemento>::Adopt(before));
 }
 
 void CPropDrawingCmdExecuted::DoCADUndo() {

@@ -4,12 +4,9 @@
 #include <vector>
 
 #include "app/ICADCmdExecuted.h"
+#include "ulo/Memento.h"
 #include "veld/Drawing.h"
 #include "veld/HandleObjectVectorCollection.h"
-
-namespace ulo {
-class IMemento;
-}
 
 namespace veld5 {
 
@@ -21,7 +18,6 @@ public:
                             const veld::CHandleObjectVectorCollection& created,
                             const veld::CHandleObjectVectorCollection& deleted,
                             const veld::CHandleObjectVectorCollection& orderBefore);
-    ~CPropDrawingCmdExecuted() override;
     /// Records a modified set; the command takes over @p before.
     void Changed(veld::CDrawing* drawing, ulo::IMemento* before);
     unsigned GetMemSize() override { return 120; }
@@ -43,7 +39,7 @@ private:
     veld::CHandleObjectVectorCollection deleted_;
     veld::CHandleObjectVectorCollection orderBefore_;
     veld::CHandleObjectVectorCollection modified_;
-    std::vector<ulo::IMemento*> mementos_;
+    std::vector<ulo::RefPtr<ulo::IMemento>> mementos_;
     veld::CHandleObjectVectorCollection activeAfter_;
     veld::CHandleObjectVectorCollection orderAfter_;
 };

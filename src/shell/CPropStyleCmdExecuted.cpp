@@ -12,35 +12,21 @@ CPropStyleCmdExecuted::CPropStyleCmdExecuted(CVELD* cad, veld::CStyle* newCurren
                                              const veld::CHandleObjectVectorCollection& created,
                                              const veld::CHandleObjectVectorCollection& deleted)
     : ICADCmdExecuted(cad),
-      before_(GetCurStyle(cad)),
-      after_(newCurrent),
+      before_(ulo::RefPtr<veld::CStyle>::Share(GetCurStyle(cad))),
+      after_(ulo::RefPtr<veld::CStyle>::Share(newCurrent)),
       created_(created),
-      deleted_(deleted) {
-    if (before_)
-        before_->AddReference();
-    if (after_)
-        after_->AddReference();
-}
-
-CPropStyleCmdExecuted::~CPropStyleCmdExecuted() {
-    if (before_)
-        before_->SubReference();
-    if (after_)
-        after_->SubReference();
-    for (ulo::IMemento* m : mementos_)
-        m->SubReference();
-}
+      deleted_(deleted) {}
 
 void CPropStyleCmdExecuted::Changed(veld::CStyle* style, ulo::IMemento* before) {
     modified_.Add(style);
-    mementos_.push_back(before);
+    mementos_.push_back(ulo::RefPtr<ulo::IMemento>::Adopt(before));
 }
 
 void CPropStyleCmdExecuted::DoCADUndo() {
-    Apply(before_, deleted_, created_);
+    Apply(before_.get(), deleted_, created_);
 }
 void CPropStyleCmdExecuted::DoCADRedo() {
-    Apply(after_, created_, deleted_);
+    Apply(after_.get(), created_, deleted_);
 }
 
 void CPropStyleCmdExecuted::Apply(veld::CStyle* current,

@@ -4,14 +4,9 @@
 #include <vector>
 
 #include "app/ICADCmdExecuted.h"
+#include "ulo/Memento.h"
 #include "veld/HandleObjectVectorCollection.h"
-
-namespace veld {
-class CStyle;
-}
-namespace ulo {
-class IMemento;
-}
+#include "veld/Style.h"
 
 namespace veld5 {
 
@@ -22,7 +17,6 @@ public:
     CPropStyleCmdExecuted(CVELD* cad, veld::CStyle* newCurrent,
                           const veld::CHandleObjectVectorCollection& created,
                           const veld::CHandleObjectVectorCollection& deleted);
-    ~CPropStyleCmdExecuted() override;
     /// Records a modified style; the command takes over @p before.
     void Changed(veld::CStyle* style, ulo::IMemento* before);
     unsigned GetMemSize() override { return 64; }
@@ -35,12 +29,12 @@ private:
     void Apply(veld::CStyle* current, const veld::CHandleObjectVectorCollection& add,
                const veld::CHandleObjectVectorCollection& remove);
 
-    veld::CStyle* before_;
-    veld::CStyle* after_;
+    ulo::RefPtr<veld::CStyle> before_;
+    ulo::RefPtr<veld::CStyle> after_;
     veld::CHandleObjectVectorCollection modified_;
     veld::CHandleObjectVectorCollection created_;
     veld::CHandleObjectVectorCollection deleted_;
-    std::vector<ulo::IMemento*> mementos_;
+    std::vector<ulo::RefPtr<ulo::IMemento>> mementos_;
 };
 
 }  // namespace veld5
