@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "app/view/VELDView.h"
 #include "app/InsertEntsCmdExecuted.h"
 #include "app/VELD.h"
+#include "app/view/VELDView.h"
 #include "factory/IVELDDlgFactory.h"
 #include "veld/EntCollection.h"
 #include "veld/FileReaderPasswordRequest.h"
@@ -17,7 +17,10 @@ QString yesNo(bool b) {
 }
 
 QString point(const ulo::geom::PNT_3D& p) {
-    return QStringLiteral("(%1, %2, %3)").arg(p.x, 0, 'f', 3).arg(p.y, 0, 'f', 3).arg(p.z, 0, 'f', 3);
+    return QStringLiteral("(%1, %2, %3)")
+        .arg(p.x, 0, 'f', 3)
+        .arg(p.y, 0, 'f', 3)
+        .arg(p.z, 0, 'f', 3);
 }
 
 }  // namespace
@@ -30,7 +33,9 @@ const std::vector<DemoOperation>& DemoOperations() {
              c.factory->ShowDlgInsText(c.parent, *c.cad, c.point, ents);
              if (ents.GetNoEnts() > 0)
                  c.cad->AddChange(new CInsertEntsCmdExecuted(c.cad, ents));
-             return QStringLiteral("%1 text(s) inserted at %2").arg(ents.GetNoEnts()).arg(point(c.point));
+             return QStringLiteral("%1 text(s) inserted at %2")
+                 .arg(ents.GetNoEnts())
+                 .arg(point(c.point));
          }},
         {"ShowDlgOSnap", "Object snap...", false,
          [](DemoContext& c) {
@@ -55,7 +60,8 @@ const std::vector<DemoOperation>& DemoOperations() {
         {"ShowDlgLayer", "Layers...", false,
          [](DemoContext& c) {
              c.factory->ShowDlgLayer(c.parent, *c.cad);
-             return QStringLiteral("current layer %1").arg(GetCurLayer(c.cad)->GetName().ToQString());
+             return QStringLiteral("current layer %1")
+                 .arg(GetCurLayer(c.cad)->GetName().ToQString());
          }},
         {"ShowDlgLtype", "Line types...", false,
          [](DemoContext& c) {
@@ -67,7 +73,8 @@ const std::vector<DemoOperation>& DemoOperations() {
         {"ShowDlgTextStyle", "Text styles...", false,
          [](DemoContext& c) {
              c.factory->ShowDlgTextStyle(c.parent, *c.cad);
-             return QStringLiteral("current style %1").arg(GetCurStyle(c.cad)->GetName().ToQString());
+             return QStringLiteral("current style %1")
+                 .arg(GetCurStyle(c.cad)->GetName().ToQString());
          }},
         {"ShowDlgColor", "Colour...", false,
          [](DemoContext& c) {
@@ -119,7 +126,9 @@ const std::vector<DemoOperation>& DemoOperations() {
                  c.factory->GetDlgPasswordRequest(c.parent));
              ulo::WString password;
              const bool ok = req && req->RequestPassword(password, L"demo.veld");
-             return QStringLiteral("password %1 (%2 characters)").arg(yesNo(ok)).arg(password.Length());
+             return QStringLiteral("password %1 (%2 characters)")
+                 .arg(yesNo(ok))
+                 .arg(password.Length());
          }},
         {"ShowDlgGetDouble", "Enter a value...", true,
          [](DemoContext& c) {

@@ -99,12 +99,13 @@ DemoWindow::~DemoWindow() {
 
 void DemoWindow::StartLauncherListener() {
     launcher_ = new LauncherListener(this);
-    connect(launcher_, &LauncherListener::Notified, this, [this](quint32 message, quint32, quint32) {
-        if (message != 1165)
-            return;
-        moduleState_->setText(QStringLiteral("module: loaded (launcher notified)"));
-        Log(QStringLiteral("launcher: message 1165 received"));
-    });
+    connect(launcher_, &LauncherListener::Notified, this,
+            [this](quint32 message, quint32, quint32) {
+                if (message != 1165)
+                    return;
+                moduleState_->setText(QStringLiteral("module: loaded (launcher notified)"));
+                Log(QStringLiteral("launcher: message 1165 received"));
+            });
 }
 
 bool DemoWindow::LoadLibrary(const QString& path) {

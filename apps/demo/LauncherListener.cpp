@@ -55,8 +55,8 @@ void LauncherListener::Serve() {
         std::uint32_t msg[3] = {0, 0, 0};
         pollfd in{client, POLLIN, 0};
         // A module that connects and says nothing is not waited for long.
-        const bool got = ::poll(&in, 1, 500) == 1 &&
-                         ::recv(client, msg, sizeof msg, MSG_WAITALL) == sizeof msg;
+        const bool got =
+            ::poll(&in, 1, 500) == 1 && ::recv(client, msg, sizeof msg, MSG_WAITALL) == sizeof msg;
         const std::uint32_t answer = 0;
         ::send(client, &answer, sizeof answer, MSG_NOSIGNAL);
         ::close(client);

@@ -36,8 +36,7 @@ private:
 }  // namespace
 
 DrawingHost::DrawingHost()
-    : cad_(std::make_unique<CVELD>()),
-      view_(std::make_unique<CVELDView>(cad_.get())) {}
+    : cad_(std::make_unique<CVELD>()), view_(std::make_unique<CVELDView>(cad_.get())) {}
 
 DrawingHost::~DrawingHost() = default;
 

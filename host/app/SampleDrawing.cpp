@@ -14,12 +14,13 @@ class Builder {
 public:
     explicit Builder(veld::CData& data) : data_(data) {}
 
-    veld::CStyle* Style(const wchar_t* name, const wchar_t* font, double fixedHeight,
-                        double width, double oblique, unsigned flags) {
+    veld::CStyle* Style(const wchar_t* name, const wchar_t* font, double fixedHeight, double width,
+                        double oblique, unsigned flags) {
         veld::CStyle* s = data_.GetStyleTable().Find(name);
         if (!s) {
-            s = data_.GetObjectFactory()->CreateStyle(name, veld::CFontTable::GetInstance().Find(font),
-                                                     fixedHeight, width, oblique, 2.5, flags, 0);
+            s = data_.GetObjectFactory()->CreateStyle(name,
+                                                      veld::CFontTable::GetInstance().Find(font),
+                                                      fixedHeight, width, oblique, 2.5, flags, 0);
             data_.GetStyleTable().Add(s);
             s->SubReference();
         }
@@ -69,7 +70,8 @@ public:
 private:
     veld::CLtype* Add(const wchar_t* name, const wchar_t* desc, veld::CLtypeComplexDashSeq seq,
                       unsigned flags) {
-        veld::CLtype* t = data_.GetObjectFactory()->CreateLtype(name, desc, std::move(seq), flags, 0);
+        veld::CLtype* t =
+            data_.GetObjectFactory()->CreateLtype(name, desc, std::move(seq), flags, 0);
         data_.GetLtypeTable().Add(t);
         t->SubReference();
         return t;
@@ -160,10 +162,10 @@ void BuildSampleDrawing(CVELD& cad) {
     const auto label = [&](veld::CLayer* layer, veld::CDrawing* set, const wchar_t* s, PNT_3D at,
                            veld::CStyle* style, double height, double rotation = 0.0,
                            unsigned short align = 0) {
-        return b.Add(new veld::CEntText(
-            veld::TEXT_3D(s, style, height, style->GetOblique(), style->GetWidthScale(), rotation,
-                          at, align, 0),
-            layer, byLayer, 256, set));
+        return b.Add(
+            new veld::CEntText(veld::TEXT_3D(s, style, height, style->GetOblique(),
+                                             style->GetWidthScale(), rotation, at, align, 0),
+                               layer, byLayer, 256, set));
     };
 
     // The plot, its buildings and the road in front of it.
@@ -192,7 +194,8 @@ void BuildSampleDrawing(CVELD& cad) {
 
     // Details: manholes and the front steps, drawn in the set's colour.
     for (int i = 0; i < 4; ++i)
-        b.Add(new veld::CEntCircle({10.0 + 30.0 * i, -7, 0}, 0.6, utilities, byLayer, 256, details));
+        b.Add(
+            new veld::CEntCircle({10.0 + 30.0 * i, -7, 0}, 0.6, utilities, byLayer, 256, details));
     poly(buildings, details, {{30, 38, 0}, {40, 38, 0}, {40, 40, 0}, {30, 40, 0}}, true);
     line(buildings, details, {30, 39, 0}, {40, 39, 0});
 
@@ -219,7 +222,8 @@ void BuildSampleDrawing(CVELD& cad) {
         b.Add(new veld::CEntPoint({10.0 + 33.0 * i, 3, 0}, points, byLayer, 3, stakeout));
     // Survey stations: the program's own set, never listed.
     for (int i = 0; i < 6; ++i) {
-        auto* st = b.Add(new veld::CEntPoint({-5.0 + 26.0 * i, -20, 0}, points, byLayer, 1, stations));
+        auto* st =
+            b.Add(new veld::CEntPoint({-5.0 + 26.0 * i, -20, 0}, points, byLayer, 1, stations));
         st->SetUserType(veld::CVeldUserType::Survey());
     }
 
@@ -236,7 +240,7 @@ void BuildSampleDrawing(CVELD& cad) {
     SetLtypeScale(&cad, 1.0);
     while (cad.GetNoImages() > 0)
         cad.RemoveImage(cad.GetImage(0));
-    cad.AddImage(std::make_unique<CVELDImage>(
-        QStringLiteral("Orthophoto"), std::make_shared<pix::CDibImage>(aerialPicture()), 0.625,
-        0.0, 0.0));
+    cad.AddImage(std::make_unique<CVELDImage>(QStringLiteral("Orthophoto"),
+                                              std::make_shared<pix::CDibImage>(aerialPicture()),
+                                              0.625, 0.0, 0.0));
 }

@@ -8,8 +8,8 @@
 #include "shell/CCECADDlgPasswordDwg.h"
 #include "shell/CCECADDlgRotate.h"
 #include "shell/CGetStringDialog.h"
-#include "veld/EntCollection.h"
 #include "shell/ResString.h"
+#include "veld/EntCollection.h"
 
 namespace veld5 {
 

@@ -56,16 +56,22 @@ TEST(AngleConverter, RoundTripsWithStartAngleAndDirection) {
         double units;  // an angle in the unit, below its maximum
     };
     const Row rows[] = {
-        {0, 0.0, false, 37.5},     {0, kPi / 2, true, 37.5},      {0, -1.0, true, 359.25},
-        {2, 0.0, false, 123.4567}, {2, kPi / 2, true, 123.4567},  {2, kPi, false, 399.5},
-        {3, 0.0, false, 1.25},     {3, kPi / 2, true, 6.0},       {3, 0.3, false, 0.0},
+        {0, 0.0, false, 37.5},     {0, kPi / 2, true, 37.5},     {0, -1.0, true, 359.25},
+        {2, 0.0, false, 123.4567}, {2, kPi / 2, true, 123.4567}, {2, kPi, false, 399.5},
+        {3, 0.0, false, 1.25},     {3, kPi / 2, true, 6.0},      {3, 0.3, false, 0.0},
     };
     for (const Row& r : rows) {
         std::unique_ptr<IAngleConverter> c;
         switch (r.format) {
-            case 0: c = std::make_unique<CDegreeConverter>(r.start, r.clockwise); break;
-            case 2: c = std::make_unique<CGradsConverter>(r.start, r.clockwise); break;
-            default: c = std::make_unique<CRadiantConverter>(r.start, r.clockwise); break;
+            case 0:
+                c = std::make_unique<CDegreeConverter>(r.start, r.clockwise);
+                break;
+            case 2:
+                c = std::make_unique<CGradsConverter>(r.start, r.clockwise);
+                break;
+            default:
+                c = std::make_unique<CRadiantConverter>(r.start, r.clockwise);
+                break;
         }
         const double radians = c->UnitsToRadians(r.units);
         EXPECT_NEAR(c->RadiansToUnits(radians), r.units, 1e-9) << r.format << " " << r.units;

@@ -5,8 +5,8 @@
 #include <QImage>
 #include <QPainter>
 
-#include "app/view/DrawingRenderer.h"
 #include "app/VELD.h"
+#include "app/view/DrawingRenderer.h"
 #include "veld/EntCollection.h"
 
 namespace {
@@ -51,20 +51,26 @@ TEST(DrawingRenderer, ColoursResolveThroughLayerSetAndBackground) {
     } cases[] = {
         {"ByLayer takes the layer's", [](Scene&) {}, QColor(255, 0, 0)},
         {"an own colour", [](Scene& s) { s.line->SetColor(3); }, QColor(0, 255, 0)},
-        {"the set's colour wins", [](Scene& s) {
+        {"the set's colour wins",
+         [](Scene& s) {
              s.line->SetColor(3);
              s.set->SetUseColor(true);
              s.set->SetColor(5);
-         }, QColor(0, 0, 255)},
+         },
+         QColor(0, 0, 255)},
         {"ByBlock is white on black", [](Scene& s) { s.line->SetColor(0); }, QColor(255, 255, 255)},
-        {"and black on white", [](Scene& s) {
+        {"and black on white",
+         [](Scene& s) {
              s.line->SetColor(0);
              SetClrGrphWndBkGrnd(&s.cad, 0xFFFFFF);
-         }, QColor(0, 0, 0)},
-        {"selected entities in the selection colour", [](Scene& s) {
+         },
+         QColor(0, 0, 0)},
+        {"selected entities in the selection colour",
+         [](Scene& s) {
              SetClrEntSelected(&s.cad, 0x00FFFF);  // yellow (0x00BBGGRR)
              NtfySelectedEnt(&s.cad, s.line);
-         }, QColor(255, 255, 0)},
+         },
+         QColor(255, 255, 0)},
         {"an off layer is not drawn", [](Scene& s) { s.layer->SetOff(true); }, QColor(0, 0, 0)},
         {"nor a frozen one", [](Scene& s) { s.layer->SetFrozen(true); }, QColor(0, 0, 0)},
         {"nor a set that is off", [](Scene& s) { s.set->SetVisible(false); }, QColor(0, 0, 0)},

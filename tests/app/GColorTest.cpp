@@ -8,8 +8,11 @@ TEST(GColor, RedIsTheLowByte) {
         unsigned long value;
         int r, g, b;
     } const rows[] = {
-        {0x000000, 0, 0, 0},       {0x0000FF, 255, 0, 0}, {0x00FF00, 0, 255, 0},
-        {0xFF0000, 0, 0, 255},     {0x804020, 0x20, 0x40, 0x80},
+        {0x000000, 0, 0, 0},
+        {0x0000FF, 255, 0, 0},
+        {0x00FF00, 0, 255, 0},
+        {0xFF0000, 0, 0, 255},
+        {0x804020, 0x20, 0x40, 0x80},
         {0xFF123456, 0x56, 0x34, 0x12},  // the top byte is not a colour
     };
     for (const auto& r : rows) {

@@ -20,9 +20,9 @@ std::wstring tableState(CVELD& cad) {
     veld::CData::CLtypeIterator ltypes(cad.GetData(), true, true);
     while (veld::CLtype* t = ltypes.GetNext())
         items.insert(L"ltype " + t->GetName().str() + L" desc " + t->GetDesc().str());
-    std::wstring s = L"layer=" + GetCurLayer(&cad)->GetName().str() +
-                     L" ltype=" + GetCurLtype(&cad)->GetName().str() +
-                     L" scale=" + std::to_wstring(GetLtypeScale(&cad));
+    std::wstring s = L"layer=" + GetCurLayer(&cad)->GetName().str() + L" ltype=" +
+                     GetCurLtype(&cad)->GetName().str() + L" scale=" +
+                     std::to_wstring(GetLtypeScale(&cad));
     for (const auto& one : items)
         s += L"\n" + one;
     return s;
@@ -39,8 +39,8 @@ veld::CLtype* addLtype(CVELD& cad, const wchar_t* name) {
 }
 
 veld::CLayer* addLayer(CVELD& cad, const wchar_t* name, veld::CLtype* ltype) {
-    veld::CLayer* l = cad.GetData()->GetObjectFactory()->CreateLayer(
-        name, ltype, 3, veld::kLineWidthDefault, 0, 0);
+    veld::CLayer* l = cad.GetData()->GetObjectFactory()->CreateLayer(name, ltype, 3,
+                                                                     veld::kLineWidthDefault, 0, 0);
     cad.GetData()->GetLayerTable().Add(l);
     l->SubReference();
     return l;

@@ -100,12 +100,13 @@ TEST(VELD, NumericInput) {
         const wchar_t* text;
         bool notNumeric;
     } const rows[] = {
-        {L"0", false},    {L" 12 ", false}, {L"-0.0", false}, {L"1e3", false},  {L"+.5", false},
-        {L"", true},      {L"   ", true},   {L"abc", true},   {L"-", true},     {L".", true},
-        {L"12x", true},   {L"inf", true},   {L"nan", true},   {L"0x10", true},  {L"1 2", true},
+        {L"0", false},  {L" 12 ", false}, {L"-0.0", false}, {L"1e3", false}, {L"+.5", false},
+        {L"", true},    {L"   ", true},   {L"abc", true},   {L"-", true},    {L".", true},
+        {L"12x", true}, {L"inf", true},   {L"nan", true},   {L"0x10", true}, {L"1 2", true},
     };
     for (const auto& r : rows)
-        EXPECT_EQ(not_numeric_input(r.text), r.notNumeric) << QString::fromWCharArray(r.text).toStdString();
+        EXPECT_EQ(not_numeric_input(r.text), r.notNumeric)
+            << QString::fromWCharArray(r.text).toStdString();
     EXPECT_TRUE(not_numeric_input(nullptr));
 }
 

@@ -2,8 +2,8 @@
 // Calls the factory the way the host does, with a scripted user at the keys.
 #include <gtest/gtest.h>
 
-#include "factory/IVELDDlgFactory.h"
 #include "automation/ScriptedUser.h"
+#include "factory/IVELDDlgFactory.h"
 #include "ulo/PalmDevice.h"
 
 class FactoryTest : public ::testing::Test {

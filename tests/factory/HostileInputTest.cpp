@@ -11,8 +11,8 @@
 #include "ulo/ctrl/Win.h"
 #include "veld/FileReaderPasswordRequest.h"
 
-using veldtest::Printable;
 using automation::ScriptedUser;
+using veldtest::Printable;
 
 namespace {
 constexpr unsigned kOk = 11196;

@@ -4,9 +4,9 @@
 #include <QTemporaryDir>
 #include <stdexcept>
 
+#include "automation/ScriptedUser.h"
 #include "factory/Module.h"
 #include "factory/Scopes.h"
-#include "automation/ScriptedUser.h"
 #include "ulo/ctrl/MessageBox.h"
 
 TEST(Scopes, ResourceModuleAndEventBracketRestoreOnExceptions) {

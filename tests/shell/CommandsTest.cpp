@@ -8,10 +8,10 @@
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
 #include "app/view/VELDView.h"
-#include "shell/CPropDrawingCmdExecuted.h"
-#include "shell/CPropertyMultiCmdExecuted.h"
 #include "shell/CGridSnapCmdExecuted.h"
+#include "shell/CPropDrawingCmdExecuted.h"
 #include "shell/CPropStyleCmdExecuted.h"
+#include "shell/CPropertyMultiCmdExecuted.h"
 
 namespace {
 /// The state the style command covers, as comparable text (styles by name:
@@ -123,13 +123,15 @@ TEST(EntitySetsCommand, UndoRedoUndoOfCreateDeleteRenameOrderAndActive) {
     sets->RemoveDrawing(details);
     sets->SetActiveDrawing(fresh);
     veld::CDrawingList order;
-    for (const wchar_t* name : {L"Stations", L"Main plan", L"Stakeout", L"Survey", L"Basemap", L"CAD1"})
+    for (const wchar_t* name :
+         {L"Stations", L"Main plan", L"Stakeout", L"Survey", L"Basemap", L"CAD1"})
         for (unsigned i = 0; i < sets->GetNoDrawings(); ++i)
             if (sets->GetDrawingAtPos(i)->GetName() == name)
                 order.push_back(sets->GetDrawingAtPos(i));
     sets->ChangeOrder(order);
 
-    auto* command = new veld5::CPropDrawingCmdExecuted(&cad, activeBefore, created, deleted, orderBefore);
+    auto* command =
+        new veld5::CPropDrawingCmdExecuted(&cad, activeBefore, created, deleted, orderBefore);
     command->Changed(plan, planBefore);
     EXPECT_EQ(command->GetMemSize(), 120u);
     cad.AddChange(command);
@@ -155,9 +157,11 @@ TEST(EntitySetsCommand, ActiveSetsAreFoundAgainByTypeAndName) {
     } cases[] = {{ghost, cad1}, {twin, cad2}};
     for (const auto& c : cases) {
         sets->SetActiveDrawing(cad1);
-        cad.AddChange(new veld5::CPropDrawingCmdExecuted(&cad, {c.activeBefore}, none, none, order));
+        cad.AddChange(
+            new veld5::CPropDrawingCmdExecuted(&cad, {c.activeBefore}, none, none, order));
         ASSERT_TRUE(cad.Undo());
-        EXPECT_EQ(sets->GetActiveDrawing(0), c.activeAfterUndo) << c.activeBefore->GetName().str().size();
+        EXPECT_EQ(sets->GetActiveDrawing(0), c.activeAfterUndo)
+            << c.activeBefore->GetName().str().size();
     }
     ghost->SubReference();
     twin->SubReference();

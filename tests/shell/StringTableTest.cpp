@@ -11,8 +11,10 @@
 TEST(StringTable, SortedUniqueAndNeverEmpty) {
     const auto table = veld5::StringTable();
     ASSERT_FALSE(table.empty());
-    for (std::size_t i = 1; i < table.size(); ++i) EXPECT_LT(table[i - 1].id, table[i].id);
-    for (const auto& e : table) EXPECT_NE(e.text[0], L'\0') << e.id;
+    for (std::size_t i = 1; i < table.size(); ++i)
+        EXPECT_LT(table[i - 1].id, table[i].id);
+    for (const auto& e : table)
+        EXPECT_NE(e.text[0], L'\0') << e.id;
 }
 
 TEST(StringTable, EveryLoadedIdExists) {
@@ -22,11 +24,16 @@ TEST(StringTable, EveryLoadedIdExists) {
 
 TEST(StringTable, HatchNamesCoverEveryPatternId) {
     std::set<unsigned> ids;
-    for (unsigned id = 100; id <= 135; ++id) ids.insert(id);
-    for (unsigned id = 201; id <= 214; ++id) ids.insert(id);
-    for (unsigned id = 301; id <= 308; ++id) ids.insert(id);
-    for (unsigned id = 401; id <= 411; ++id) ids.insert(id);
-    for (unsigned id : ids) EXPECT_NE(veld5::ModuleResources().FindString(id), nullptr) << id;
+    for (unsigned id = 100; id <= 135; ++id)
+        ids.insert(id);
+    for (unsigned id = 201; id <= 214; ++id)
+        ids.insert(id);
+    for (unsigned id = 301; id <= 308; ++id)
+        ids.insert(id);
+    for (unsigned id = 401; id <= 411; ++id)
+        ids.insert(id);
+    for (unsigned id : ids)
+        EXPECT_NE(veld5::ModuleResources().FindString(id), nullptr) << id;
     EXPECT_EQ(veld5::LoadResString(135), L"Cadastre1");
     EXPECT_EQ(veld5::LoadResString(207), L"ISO 8");
     EXPECT_EQ(veld5::LoadResString(308), L"ANSI 38");
@@ -34,9 +41,8 @@ TEST(StringTable, HatchNamesCoverEveryPatternId) {
 
 TEST(StringTable, LoadingPassesThroughTheTranslationHook) {
     EXPECT_EQ(veld5::LoadResString(veld5::ids::kWarning), L"Warning");
-    ulo::SetTranslator([](const ulo::WString& s) {
-        return s == L"Warning" ? ulo::WString(L"Attenzione") : s;
-    });
+    ulo::SetTranslator(
+        [](const ulo::WString& s) { return s == L"Warning" ? ulo::WString(L"Attenzione") : s; });
     ulo::WString out(L"previous");
     veld5::LoadResString(out, veld5::ids::kWarning);
     EXPECT_EQ(out, L"Attenzione");

@@ -42,23 +42,26 @@ TEST(Entity, MementoRestoresEveryPropertyAndHasChangedSeesEachOne) {
     veld::CDrawing* cad = d.sets->GetActiveDrawing(0);
     veld::CDrawing* other = d.sets->AddDrawing(0, L"Other", true, false, false, true);
     veld::CStyle* standard = d.data.GetStyleTable().GetStyleStandard();
-    auto* text = new veld::CEntText(
-        veld::TEXT_3D(L"A", standard, 2, 0, 1, 0, PNT_3D{1, 2, 3}, 0, 0), d.zero, d.byLayer, 256,
-        cad);
+    auto* text =
+        new veld::CEntText(veld::TEXT_3D(L"A", standard, 2, 0, 1, 0, PNT_3D{1, 2, 3}, 0, 0), d.zero,
+                           d.byLayer, 256, cad);
     d.data.GetEntTable().Add(text);
     text->SubReference();
 
     const std::vector<std::pair<const char*, std::function<void(veld::CEntText&)>>> changes = {
         {"colour", [](veld::CEntText& e) { e.SetColor(1); }},
         {"layer", [&](veld::CEntText& e) { e.SetLayer(walls); }},
-        {"line type", [&](veld::CEntText& e) { e.SetLtype(d.data.GetLtypeTable().GetLtypeByBlock()); }},
+        {"line type",
+         [&](veld::CEntText& e) { e.SetLtype(d.data.GetLtypeTable().GetLtypeByBlock()); }},
         {"entity set", [&](veld::CEntText& e) { e.ChangeDrawing(other); }},
         {"user type", [](veld::CEntText& e) { e.SetUserType(veld::CVeldUserType::Survey()); }},
         {"position", [](veld::CEntText& e) { e.Move(1, 0, 0); }},
-        {"text", [&](veld::CEntText& e) {
+        {"text",
+         [&](veld::CEntText& e) {
              e.SetText(veld::TEXT_3D(L"B", standard, 2, 0, 1, 0, PNT_3D{1, 2, 3}, 0, 0));
          }},
-        {"alignment", [&](veld::CEntText& e) {
+        {"alignment",
+         [&](veld::CEntText& e) {
              e.SetText(veld::TEXT_3D(L"A", standard, 2, 0, 1, 0, PNT_3D{1, 2, 3}, 4, 0));
          }},
     };

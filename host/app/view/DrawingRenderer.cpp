@@ -61,7 +61,8 @@ std::vector<PNT_3D> outline(const veld::CEnt& e) {
         const int n = 72;
         for (int i = 0; i <= n; ++i) {
             const double a = 2 * kPi * i / n;
-            pts.push_back({c.x + e.GetRadius() * std::cos(a), c.y + e.GetRadius() * std::sin(a), c.z});
+            pts.push_back(
+                {c.x + e.GetRadius() * std::cos(a), c.y + e.GetRadius() * std::sin(a), c.z});
         }
         return pts;
     }
@@ -97,15 +98,36 @@ void drawText(QPainter& p, const QString& text, const QFont& font, QPointF at, d
     const double w = m.horizontalAdvance(text);
     double dx = 0, dy = 0;
     switch (align) {
-    case 1: case 7: case 11: case 4: dx = -w / 2; break;
-    case 2: case 8: case 10: dx = -w; break;
-    default: break;
+        case 1:
+        case 7:
+        case 11:
+        case 4:
+            dx = -w / 2;
+            break;
+        case 2:
+        case 8:
+        case 10:
+            dx = -w;
+            break;
+        default:
+            break;
     }
     switch (align) {
-    case 6: case 7: case 8: dy = m.ascent(); break;
-    case 4: case 9: case 10: dy = m.ascent() / 2; break;
-    case 11: dy = -m.descent(); break;
-    default: break;
+        case 6:
+        case 7:
+        case 8:
+            dy = m.ascent();
+            break;
+        case 4:
+        case 9:
+        case 10:
+            dy = m.ascent() / 2;
+            break;
+        case 11:
+            dy = -m.descent();
+            break;
+        default:
+            break;
     }
     p.save();
     p.translate(at);
@@ -218,29 +240,29 @@ void paintEntity(QPainter& p, CVELD& cad, const veld::CEnt& e, const ViewTransfo
     p.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
     p.setBrush(Qt::NoBrush);
     switch (e.GetKind()) {
-    case veld::EntKind::Point: {
-        const QPointF c = view.ToScreen(e.GetPoints().front().x, e.GetPoints().front().y);
-        p.drawLine(c - QPointF(3, 3), c + QPointF(3, 3));
-        p.drawLine(c - QPointF(3, -3), c + QPointF(3, -3));
-        return;
-    }
-    case veld::EntKind::Text: {
-        const auto& t = static_cast<const veld::CEntText&>(e);
-        const veld::TEXT_3D text = t.GetText();
-        const double h = text.GetContext().GetHeight() * view.zoom;
-        const QPointF at = view.ToScreen(text.GetPoint().x, text.GetPoint().y);
-        if (h < 2.5) {
-            p.drawPoint(at);
+        case veld::EntKind::Point: {
+            const QPointF c = view.ToScreen(e.GetPoints().front().x, e.GetPoints().front().y);
+            p.drawLine(c - QPointF(3, 3), c + QPointF(3, 3));
+            p.drawLine(c - QPointF(3, -3), c + QPointF(3, -3));
             return;
         }
-        p.setPen(colour);
-        drawText(p, t.GetString().ToQString(),
-                 textFont(t.GetStyle(), h, text.GetContext().GetWidthFactor()), at,
-                 text.GetContext().GetRotate(), t.GetAlignment());
-        return;
-    }
-    default:
-        break;
+        case veld::EntKind::Text: {
+            const auto& t = static_cast<const veld::CEntText&>(e);
+            const veld::TEXT_3D text = t.GetText();
+            const double h = text.GetContext().GetHeight() * view.zoom;
+            const QPointF at = view.ToScreen(text.GetPoint().x, text.GetPoint().y);
+            if (h < 2.5) {
+                p.drawPoint(at);
+                return;
+            }
+            p.setPen(colour);
+            drawText(p, t.GetString().ToQString(),
+                     textFont(t.GetStyle(), h, text.GetContext().GetWidthFactor()), at,
+                     text.GetContext().GetRotate(), t.GetAlignment());
+            return;
+        }
+        default:
+            break;
     }
     std::vector<QPointF> pts;
     for (const PNT_3D& m : outline(e))

@@ -16,9 +16,9 @@ class CEnt;
 
 /// Map coordinates to pixels: East right, North up.
 struct ViewTransform {
-    QPointF centre;       ///< map point at the middle of the window
-    double zoom = 1.0;    ///< pixels per drawing unit
-    QSizeF size;          ///< window size in pixels
+    QPointF centre;     ///< map point at the middle of the window
+    double zoom = 1.0;  ///< pixels per drawing unit
+    QSizeF size;        ///< window size in pixels
 
     QPointF ToScreen(double x, double y) const {
         return {size.width() / 2 + (x - centre.x()) * zoom,

@@ -138,7 +138,8 @@ void CVELDView::mouseMoveEvent(QMouseEvent* event) {
         return;
     panning_ = true;
     moved_ = true;
-    view_.centre -= QPointF((at.x() - pressAt_.x()) / view_.zoom, -(at.y() - pressAt_.y()) / view_.zoom);
+    view_.centre -=
+        QPointF((at.x() - pressAt_.x()) / view_.zoom, -(at.y() - pressAt_.y()) / view_.zoom);
     pressAt_ = at;
     Redraw();
 }
