@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "Dialog.h"
 #include "Win.h"
 
 namespace ulo {
@@ -24,6 +25,9 @@ unsigned GetDlgCtrlID(const QWidget* widget) {
 QWidget* FindControl(const QWidget* window, unsigned id) {
     if (!window)
         return nullptr;
+    // A dialog of the toolkit knows its controls by id.
+    if (const auto* dialog = qobject_cast<const CWSizeDialog*>(window))
+        return dialog->GetDlgItem(id);
     const auto children = window->findChildren<QWidget*>();
     for (QWidget* w : children)
         if (GetDlgCtrlID(w) == id)
@@ -53,15 +57,18 @@ CColButton::CColButton(QWidget* parent) : QPushButton(parent) {
 }
 
 void CColButton::SetBtnColor(int textScheme, int backScheme) {
+    if (text_ == textScheme && back_ == backScheme)
+        return;
     text_ = textScheme;
     back_ = backScheme;
-    const QColor fg = schemeColor(textScheme, true);
-    const QColor bg = schemeColor(backScheme, false);
-    setStyleSheet(QStringLiteral("QPushButton { color: %1; background-color: %2; border: 1px solid "
-                                 "#8a94a6; border-radius: 3px; padding: 1px 4px; }"
-                                 "QPushButton:pressed { background-color: %3; }"
-                                 "QPushButton:disabled { color: #9a9a9a; }")
-                      .arg(fg.name(), bg.name(), bg.darker(115).name()));
+    // A palette, not a style sheet: a style sheet is parsed and polished for
+    // every button of every dialog that opens, which costs more than the rest
+    // of opening a small dialog.
+    QPalette p = palette();
+    p.setColor(QPalette::ButtonText, schemeColor(textScheme, true));
+    p.setColor(QPalette::Button, schemeColor(backScheme, false));
+    p.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x9a, 0x9a, 0x9a));
+    setPalette(p);
 }
 
 void CColButton::SetImageList(const QPixmap& image) {

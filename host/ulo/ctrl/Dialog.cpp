@@ -2,6 +2,7 @@
 
 #include <QButtonGroup>
 #include <QFontMetrics>
+#include <QHash>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -17,11 +18,18 @@ namespace ulo {
 // -------------------------------------------------------------- dialog units
 
 CDialogUnits::CDialogUnits(const QFont& font) {
-    const QFontMetrics fm(font);
-    const int alphabet = fm.horizontalAdvance(
-        QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"));
-    baseX_ = std::max(1, (alphabet / 26 + 1) / 2);
-    baseY_ = std::max(1, fm.height());
+    // Measured once per font: every dialog of a template uses the same one.
+    static QHash<QString, std::pair<int, int>> measured;
+    auto it = measured.constFind(font.key());
+    if (it == measured.constEnd()) {
+        const QFontMetrics fm(font);
+        const int alphabet = fm.horizontalAdvance(
+            QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"));
+        it = measured.insert(font.key(),
+                             {std::max(1, (alphabet / 26 + 1) / 2), std::max(1, fm.height())});
+    }
+    baseX_ = it->first;
+    baseY_ = it->second;
 }
 
 int CDialogUnits::X(int du) const {
@@ -79,6 +87,7 @@ void InvokeHelpCommand(QWidget* dialog) {
 CWSizeDialog::CWSizeDialog(unsigned templateId, CWnd* parent)
     : QDialog(parent), templateId_(templateId) {
     setProperty(prop::kTemplateId, templateId);
+    SetOkCancelIds(IDOK, IDCANCEL);
 }
 
 CWSizeDialog::~CWSizeDialog() = default;
@@ -216,8 +225,10 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
     if (w->parentWidget() != this)
         w->setParent(this);
     w->setProperty(prop::kCtrlId, ctrl.id);
-    if (ctrl.id != kStaticId)
+    if (ctrl.id != kStaticId) {
         w->setObjectName(QStringLiteral("ctrl_%1").arg(ctrl.id));
+        controls_.emplace(ctrl.id, w);  // the first control of an id is the one found
+    }
     w->setGeometry(units_->Rect(ctrl.rect[variant]));
     if (ctrl.kind == CtrlKind::GroupBox)
         w->lower();
@@ -284,6 +295,8 @@ QWidget* CWSizeDialog::CreateCustomControl(const CtrlTemplate&, QWidget*) {
 void CWSizeDialog::SetOkCancelIds(unsigned okId, unsigned cancelId) {
     okId_ = okId;
     cancelId_ = cancelId;
+    setProperty(prop::kOkId, okId);
+    setProperty(prop::kCancelId, cancelId);
 }
 
 void CWSizeDialog::EndDialog(int code) {
@@ -315,7 +328,13 @@ void CWSizeDialog::keyPressEvent(QKeyEvent* event) {
 }
 
 QWidget* CWSizeDialog::GetDlgItem(unsigned id) const {
-    return FindControl(this, id);
+    if (const auto it = controls_.find(id); it != controls_.end())
+        return it->second.data();
+    // The controls of the pages a container holds.
+    for (const CWSizeDialog* page : findChildren<CWSizeDialog*>(Qt::FindDirectChildrenOnly))
+        if (QWidget* w = page->GetDlgItem(id))
+            return w;
+    return nullptr;
 }
 
 QString CWSizeDialog::GetDlgItemText(unsigned id) const {

@@ -5,6 +5,7 @@
 // any other code given to EndDialog).
 #include <QDialog>
 #include <QPointer>
+#include <unordered_map>
 
 #include "Controls.h"
 #include "Win.h"
@@ -106,6 +107,7 @@ private:
     unsigned okId_ = IDOK;
     unsigned cancelId_ = IDCANCEL;
     std::unique_ptr<CDialogUnits> units_;
+    std::unordered_map<unsigned, QPointer<QWidget>> controls_;
 };
 
 class CExDialog : public CWSizeDialog {

@@ -13,6 +13,9 @@ inline constexpr const char* kCtrlIndex = "veldCtrlIndex";
 inline constexpr const char* kTemplateId = "veldTemplateId";
 inline constexpr const char* kBaseId = "veldBaseId";
 inline constexpr const char* kLayout = "veldLayout";
+/// The ids of the controls that act as a dialog's OK and Cancel (unsigned).
+inline constexpr const char* kOkId = "veldOkId";
+inline constexpr const char* kCancelId = "veldCancelId";
 /// A message box's caption, text (QString) and flags (unsigned).
 inline constexpr const char* kCaption = "veldCaption";
 inline constexpr const char* kText = "veldText";
