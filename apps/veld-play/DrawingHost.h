@@ -23,6 +23,7 @@ public:
     bool Open(const QString& path, bool sample, const QString& password, QString& error);
     bool Statement(const std::vector<Word>& words, QString& error, QJsonObject& event) override;
     CVELD* GetCAD() override { return cad_.get(); }
+    CVELDView* GetView() override { return view_.get(); }
 
 private:
     bool Load(const QString& path, QString& error);

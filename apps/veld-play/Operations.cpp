@@ -1,16 +1,157 @@
-// The factory operations veld-play can call, with their arguments' defaults.
-// Adding one is one entry here. An operation that works on the drawing takes
-// the CAD instance from c.CAD() and sets c.error when the host has none.
+// The factory operations veld-play can call: all of them, with their
+// arguments' defaults and out-parameters. An operation whose dialog is not
+// built yet returns at once, as a cancelled dialog would. An operation that
+// works on the drawing takes the CAD instance from c.CAD(), which sets
+// c.error when the host has none.
+#include <QJsonArray>
 #include <memory>
 
+#include "PlayHost.h"
 #include "Player.h"
+#include "app/VELD.h"
+#include "app/view/VELDView.h"
+#include "automation/ScriptedUser.h"
 #include "factory/IVELDDlgFactory.h"
+#include "ulo/Geom.h"
+#include "veld/Ent.h"
+#include "veld/EntCollection.h"
 #include "veld/FileReaderPasswordRequest.h"
+#include "veld/HatchType.h"
 
 namespace veldplay {
 
+namespace {
+
+/// Calls an operation that works on the drawing and returns nothing.
+Operation onDrawing(void (IVELDDlgFactory::*op)(CWnd*, CVELD&)) {
+    return [op](OperationCall& c) -> QJsonValue {
+        if (CVELD* cad = c.CAD())
+            (c.factory->*op)(nullptr, *cad);
+        return QJsonValue();
+    };
+}
+
+/// Calls an operation that works on the drawing and answers OK or not.
+Operation onDrawingBool(bool (IVELDDlgFactory::*op)(CWnd*, CVELD&)) {
+    return [op](OperationCall& c) -> QJsonValue {
+        CVELD* cad = c.CAD();
+        return cad ? QJsonValue((c.factory->*op)(nullptr, *cad)) : QJsonValue();
+    };
+}
+
+ulo::geom::PNT_3D pointArgs(OperationCall& c) {
+    return {c.Number(QStringLiteral("x"), 0.0), c.Number(QStringLiteral("y"), 0.0),
+            c.Number(QStringLiteral("z"), 0.0)};
+}
+
+void pointOut(OperationCall& c, const ulo::geom::PNT_3D& p) {
+    c.numbers.insert(QStringLiteral("x"), p.x);
+    c.numbers.insert(QStringLiteral("y"), p.y);
+    c.numbers.insert(QStringLiteral("z"), p.z);
+}
+
+}  // namespace
+
 const QMap<QString, Operation>& Operations() {
     static const QMap<QString, Operation> ops = {
+        {QStringLiteral("ShowDlgInsText"),
+         [](OperationCall& c) -> QJsonValue {
+             ulo::geom::PNT_3D point = pointArgs(c);
+             CVELD* cad = c.CAD();
+             if (!cad)
+                 return QJsonValue();
+             veld::CEntCollection ents;
+             c.factory->ShowDlgInsText(nullptr, *cad, point, ents);
+             // The texts belong to the caller, who would insert them; they
+             // are reported, not inserted.
+             QJsonArray texts;
+             for (unsigned i = 0; i < ents.GetNoEnts(); ++i)
+                 if (const auto* t = dynamic_cast<const veld::CEntText*>(ents.GetEnt(i)))
+                     texts.append(t->GetText().GetContext().GetString().ToQString());
+             c.out.insert(QStringLiteral("texts"), texts);
+             return QJsonValue();
+         }},
+        {QStringLiteral("ShowDlgOSnap"), onDrawing(&IVELDDlgFactory::ShowDlgOSnap)},
+        {QStringLiteral("ShowDlSnapInsertPnt"),
+         [](OperationCall& c) -> QJsonValue {
+             ulo::geom::PNT_3D point = pointArgs(c);
+             CVELD* cad = c.CAD();
+             if (!cad)
+                 return QJsonValue();
+             const bool ok = c.factory->ShowDlSnapInsertPnt(nullptr, *cad, point);
+             pointOut(c, point);
+             return ok;
+         }},
+        {QStringLiteral("ShowDlgGridProp"),
+         [](OperationCall& c) -> QJsonValue {
+             CVELDView* view = c.View();
+             return view ? QJsonValue(c.factory->ShowDlgGridProp(view)) : QJsonValue();
+         }},
+        {QStringLiteral("ShowDlgOptColors"), onDrawing(&IVELDDlgFactory::ShowDlgOptColors)},
+        {QStringLiteral("ShowDlgLayer"), onDrawing(&IVELDDlgFactory::ShowDlgLayer)},
+        {QStringLiteral("ShowDlgLtype"), onDrawing(&IVELDDlgFactory::ShowDlgLtype)},
+        {QStringLiteral("ShowDlgTextStyle"), onDrawing(&IVELDDlgFactory::ShowDlgTextStyle)},
+        {QStringLiteral("ShowDlgColor"),
+         [](OperationCall& c) -> QJsonValue {
+             const auto start = static_cast<short>(c.Number(QStringLiteral("start"), 1));
+             const auto byLayer = static_cast<short>(c.Number(QStringLiteral("byLayer"), 7));
+             const auto byBlock = static_cast<short>(c.Number(QStringLiteral("byBlock"), 7));
+             auto chosen = static_cast<short>(c.Number(QStringLiteral("chosen"), start));
+             const bool ok = c.factory->ShowDlgColor(
+                 nullptr, c.host ? c.host->GetCAD() : nullptr, start, byLayer, byBlock,
+                 c.Flag(QStringLiteral("logical"), true), chosen);
+             c.numbers.insert(QStringLiteral("chosen"), chosen);
+             return ok;
+         }},
+        {QStringLiteral("ShowDlgOptCursor"), onDrawing(&IVELDDlgFactory::ShowDlgOptCursor)},
+        {QStringLiteral("ShowDlgAngle"), onDrawingBool(&IVELDDlgFactory::ShowDlgAngle)},
+        {QStringLiteral("ShowDlgHatch"),
+         [](OperationCall& c) -> QJsonValue {
+             // A legacy hatch number (-1..67); none chosen by default.
+             const int number = static_cast<int>(c.Number(QStringLiteral("hatch"), -2));
+             const veld::CHatchType* hatch =
+                 veld::CHatchTypeProvider::GetInstance()->GetLegacyHatchType(number);
+             const bool ok = c.factory->ShowDlgHatch(nullptr, &hatch);
+             c.numbers.insert(QStringLiteral("hatch"), hatch ? hatch->GetLegacyNumber() : -2);
+             return ok;
+         }},
+        {QStringLiteral("ShowDlgDrawings"), onDrawingBool(&IVELDDlgFactory::ShowDlgDrawings)},
+        {QStringLiteral("ShowDlgProperty"),
+         [](OperationCall& c) -> QJsonValue {
+             CVELD* cad = c.CAD();
+             return cad ? QJsonValue(c.factory->ShowDlgProperty(
+                              nullptr, *cad, c.Flag(QStringLiteral("undoable"), true)))
+                        : QJsonValue();
+         }},
+        {QStringLiteral("ShowDlgCalibraLineare"),
+         [](OperationCall& c) -> QJsonValue {
+             const int index = static_cast<int>(c.Number(QStringLiteral("image"), 0));
+             CVELD* cad = c.CAD();
+             if (!cad)
+                 return QJsonValue();
+             CVELDImage* image = cad->GetImage(index);
+             if (!image) {
+                 c.error = QStringLiteral("the drawing has no image %1").arg(index);
+                 return QJsonValue();
+             }
+             return c.factory->ShowDlgCalibraLineare(nullptr, *cad, image);
+         }},
+        {QStringLiteral("GetDlgPasswordRequest"),
+         [](OperationCall& c) -> QJsonValue {
+             // Shows the password dialog as the drawing reader would, then,
+             // with retry=1, the question after a wrong password.
+             std::unique_ptr<veld::IFileReaderPasswordRequest> req(
+                 c.factory->GetDlgPasswordRequest(nullptr));
+             if (!req)
+                 return QJsonValue();
+             ulo::WString password;
+             const bool ok = req->RequestPassword(password, L"drawing");
+             c.out.insert(QStringLiteral("password"),
+                          ok ? QJsonValue(password.ToQString()) : QJsonValue());
+             if (c.Flag(QStringLiteral("retry"), false))
+                 c.out.insert(QStringLiteral("retry"), req->AskRetry(L"drawing"));
+             return ok;
+         }},
         {QStringLiteral("ShowDlgGetDouble"),
          [](OperationCall& c) -> QJsonValue {
              double value = c.Number(QStringLiteral("value"), 0.0);
@@ -43,24 +184,27 @@ const QMap<QString, Operation>& Operations() {
              c.out.insert(QStringLiteral("text"), result.ToQString());
              return ok;
          }},
-        {QStringLiteral("GetDlgPasswordRequest"),
-         [](OperationCall& c) -> QJsonValue {
-             // Shows the password dialog as the drawing reader would, then,
-             // with retry=1, the question after a wrong password.
-             std::unique_ptr<veld::IFileReaderPasswordRequest> req(
-                 c.factory->GetDlgPasswordRequest(nullptr));
-             if (!req)
-                 return QJsonValue();
-             ulo::WString password;
-             const bool ok = req->RequestPassword(password, L"drawing");
-             c.out.insert(QStringLiteral("password"),
-                          ok ? QJsonValue(password.ToQString()) : QJsonValue());
-             if (c.Flag(QStringLiteral("retry"), false))
-                 c.out.insert(QStringLiteral("retry"), req->AskRetry(L"drawing"));
-             return ok;
-         }},
     };
     return ops;
+}
+
+QStringList BuiltOperations(IVELDDlgFactory* factory, PlayHost& host) {
+    QStringList built;
+    for (auto it = Operations().begin(); it != Operations().end(); ++it) {
+        bool shown = false;
+        automation::ScriptedUser user;
+        user.whenIdle = [&](QWidget*) {
+            shown = true;
+            user.Close();  // closed as its close box would: nothing changes
+        };
+        OperationCall call;
+        call.factory = factory;
+        call.host = &host;
+        it.value()(call);
+        if (shown)
+            built << it.key();
+    }
+    return built;
 }
 
 }  // namespace veldplay

@@ -7,6 +7,7 @@
 #include "ScriptParser.h"
 
 class CVELD;
+class CVELDView;
 
 namespace veldplay {
 
@@ -18,6 +19,8 @@ public:
     virtual bool Statement(const std::vector<Word>& words, QString& error, QJsonObject& event) = 0;
     /// The CAD instance operations work on; null when the host has none.
     virtual CVELD* GetCAD() { return nullptr; }
+    /// The view of the CAD instance (the grid dialog edits its grid).
+    virtual CVELDView* GetView() { return nullptr; }
 };
 
 }  // namespace veldplay

@@ -11,12 +11,13 @@
 
 namespace veldplay {
 
-double OperationCall::Number(const QString& name, double fallback) const {
-    if (!args.contains(name))
-        return fallback;
-    bool ok = false;
-    const double v = args.value(name).toDouble(&ok);
-    return ok ? v : fallback;
+double OperationCall::Number(const QString& name, double fallback) {
+    bool ok = args.contains(name);
+    double v = ok ? args.value(name).toDouble(&ok) : fallback;
+    if (!ok)
+        v = fallback;
+    numberInputs.insert(name, v);
+    return v;
 }
 
 bool OperationCall::Flag(const QString& name, bool fallback) const {
@@ -26,12 +27,24 @@ bool OperationCall::Flag(const QString& name, bool fallback) const {
     return v == QLatin1String("1") || v == QLatin1String("true") || v == QLatin1String("yes");
 }
 
-QString OperationCall::Text(const QString& name, const QString& fallback) const {
-    return args.contains(name) ? args.value(name) : fallback;
+QString OperationCall::Text(const QString& name, const QString& fallback) {
+    const QString v = args.contains(name) ? args.value(name) : fallback;
+    textInputs.insert(name, v);
+    return v;
 }
 
-CVELD* OperationCall::CAD() const {
-    return host ? host->GetCAD() : nullptr;
+CVELD* OperationCall::CAD() {
+    CVELD* cad = host ? host->GetCAD() : nullptr;
+    if (!cad)
+        error = QStringLiteral("this operation needs a drawing");
+    return cad;
+}
+
+CVELDView* OperationCall::View() {
+    CVELDView* view = host ? host->GetView() : nullptr;
+    if (!view)
+        error = QStringLiteral("this operation needs a view");
+    return view;
 }
 
 Player::Player(IVELDDlgFactory* factory, PlayHost* host, QTextStream& out)

@@ -9,6 +9,7 @@
 #include "ScriptParser.h"
 
 class CVELD;
+class CVELDView;
 class IVELDDlgFactory;
 class QWidget;
 
@@ -27,19 +28,28 @@ struct OperationCall {
     /// JSON value would print -0 as 0.
     QMap<QString, double> numbers;
     QString error;  ///< set when the arguments are wrong
+    /// The values read with Number and Text (an argument or its default): an
+    /// out-parameter of the same name must keep its value when cancelled.
+    QMap<QString, double> numberInputs;
+    QMap<QString, QString> textInputs;
 
-    double Number(const QString& name, double fallback) const;
+    double Number(const QString& name, double fallback);
     bool Flag(const QString& name, bool fallback) const;
-    QString Text(const QString& name, const QString& fallback) const;
-    /// The host's CAD instance, for operations that work on the drawing;
-    /// null when the host has none.
-    CVELD* CAD() const;
+    QString Text(const QString& name, const QString& fallback);
+    /// The host's CAD instance and view, for operations that work on the
+    /// drawing; null when the host has none (the operation then sets error).
+    CVELD* CAD();
+    CVELDView* View();
 };
 
 /// One factory operation of the player: returns the operation's result.
 using Operation = std::function<QJsonValue(OperationCall&)>;
 /// The operations by name (the factory's operation names).
 const QMap<QString, Operation>& Operations();
+/// The operations whose dialog shows, found by calling each once on @p host
+/// with a user who closes whatever appears (an operation not built yet
+/// returns without showing anything).
+QStringList BuiltOperations(IVELDDlgFactory* factory, PlayHost& host);
 
 class Player {
 public:
