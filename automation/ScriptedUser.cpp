@@ -496,6 +496,8 @@ void ScriptedUser::Tick() {
         return;
     }
     NoteWindow(window);
+    if (steps_.empty() && whenIdle)
+        whenIdle(window);
     if (steps_.empty()) {
         idleMs_ += kTickMs;
         if (idleMs_ >= idleLimitMs_) {

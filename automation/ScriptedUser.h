@@ -79,6 +79,10 @@ public:
     /// Every event as it happens (dialog, message, beep, file-dialog, control,
     /// error), in the form the veld-play tool prints.
     std::function<void(const QJsonObject&)> onEvent;
+    /// Asked for more steps whenever a window is in front and none are left
+    /// (a user who decides as the session goes): it may queue steps, which
+    /// then run at once.
+    std::function<void(QWidget* window)> whenIdle;
     /// Source line of the steps queued next (for error events).
     void SetLine(int line) { line_ = line; }
 

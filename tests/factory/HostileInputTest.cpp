@@ -82,7 +82,8 @@ TEST_F(HostileInput, TextFieldsHandBackWhatTheyHold) {
         EXPECT_TRUE(factory->ShowDlgGetString(nullptr, L"t", L"p", result));
         const std::string name = Printable(text).toStdString();
         EXPECT_TRUE(user.Failures().empty()) << name << ": " << user.Report().toStdString();
-        EXPECT_EQ(shown, text) << name << " arrives in the field as typed";
+        // As typed, up to the most a line edit holds.
+        EXPECT_EQ(shown, text.left(QLineEdit().maxLength())) << name;
         // Wide strings hold no lone surrogate: both sides meet the same conversion.
         const std::wstring typed = ulo::WString::FromQString(text).str();
         if (text.isEmpty()) {
@@ -104,7 +105,7 @@ TEST_F(HostileInput, PasswordFieldsStoreWhatTheyShow) {
         const bool ok = request->RequestPassword(password, L"plan.veld");
         const std::string name = Printable(text).toStdString();
         EXPECT_TRUE(user.Failures().empty()) << name << ": " << user.Report().toStdString();
-        EXPECT_EQ(shown, text.toUpper()) << name;
+        EXPECT_EQ(shown, text.toUpper().left(QLineEdit().maxLength())) << name;
         EXPECT_TRUE(ok) << name;
         EXPECT_EQ(password, ulo::WString::FromQString(shown)) << name;
     }
