@@ -32,12 +32,14 @@ struct Scene {
         data->GetEntTable().Add(line);
         line->SubReference();
     }
-    QColor centre() {
+    /// The colour drawn at (@p x, 0); at 0, the centre of pixel (50, 50).
+    QColor pixelAt(double x = 0) {
         QImage image(101, 101, QImage::Format_RGB32);
         QPainter p(&image);
         drawingrender::Paint(p, cad, grid, view);
         p.end();
-        return image.pixelColor(50, 50);
+        const QPointF at = view.ToScreen(x, 0);
+        return image.pixelColor(static_cast<int>(at.x()), static_cast<int>(at.y()));
     }
 };
 
@@ -78,7 +80,7 @@ TEST(DrawingRenderer, ColoursResolveThroughLayerSetAndBackground) {
     for (const auto& c : cases) {
         Scene s;
         c.setup(s);
-        EXPECT_EQ(s.centre(), c.expected) << c.what;
+        EXPECT_EQ(s.pixelAt(), c.expected) << c.what;
     }
 }
 
@@ -105,17 +107,9 @@ TEST(DrawingRenderer, ADashedLineLeavesGapsScaledByTheLineTypeScale) {
     s.line->SetLtype(dashed);
     // The pattern starts at x = -4: dashes of 1 unit and gaps of 1 unit, twice
     // as long at line type scale 2.
-    const auto pixelAt = [&](double x) {
-        QImage image(101, 101, QImage::Format_RGB32);
-        QPainter p(&image);
-        drawingrender::Paint(p, s.cad, s.grid, s.view);
-        p.end();
-        const QPointF at = s.view.ToScreen(x, 0);
-        return image.pixelColor(static_cast<int>(at.x()), static_cast<int>(at.y()));
-    };
-    EXPECT_EQ(pixelAt(-3.5), QColor(255, 0, 0)) << "inside the first dash";
-    EXPECT_EQ(pixelAt(-2.5), QColor(0, 0, 0)) << "inside the first gap";
+    EXPECT_EQ(s.pixelAt(-3.5), QColor(255, 0, 0)) << "inside the first dash";
+    EXPECT_EQ(s.pixelAt(-2.5), QColor(0, 0, 0)) << "inside the first gap";
     SetLtypeScale(&s.cad, 2.0);
-    EXPECT_EQ(pixelAt(-2.5), QColor(255, 0, 0)) << "the first dash is twice as long now";
-    EXPECT_EQ(pixelAt(-1.5), QColor(0, 0, 0));
+    EXPECT_EQ(s.pixelAt(-2.5), QColor(255, 0, 0)) << "the first dash is twice as long now";
+    EXPECT_EQ(s.pixelAt(-1.5), QColor(0, 0, 0));
 }

@@ -85,12 +85,10 @@ TEST(LayerLtypeCommand, UndoRedoUndoOfEveryKindOfChange) {
     const std::wstring after = tableState(cad);
     ASSERT_NE(before, after);
 
-    ASSERT_TRUE(cad.Undo());
-    EXPECT_EQ(tableState(cad), before);
-    ASSERT_TRUE(cad.Redo());
-    EXPECT_EQ(tableState(cad), after);
-    ASSERT_TRUE(cad.Undo());
-    EXPECT_EQ(tableState(cad), before);
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_TRUE(i % 2 == 0 ? cad.Undo() : cad.Redo());
+        EXPECT_EQ(tableState(cad), i % 2 == 0 ? before : after) << "step " << i;
+    }
 }
 
 TEST(LayerLtypeCommand, ChangesReachTheTablesAsOneNotification) {
@@ -121,7 +119,6 @@ TEST(LayerLtypeCommand, ReleasesEverythingItHolds) {
         CPropLayerLtypeCmdExecuted command(&cad, layer, continuous, 1.0, none, none, none, none);
         command.Changed(layer, layer->CreateMemento());
         EXPECT_GT(layer->GetReferenceCount(), layerRefs);
-        EXPECT_GT(command.GetMemSize(), 0u);
     }
     EXPECT_EQ(layer->GetReferenceCount(), layerRefs);
     EXPECT_EQ(continuous->GetReferenceCount(), ltypeRefs);

@@ -1,3 +1,5 @@
+// JSON keys and values in this file are ASCII literals: let them convert.
+#undef QT_NO_CAST_FROM_ASCII
 // The veld-play language: parsing, and scripts run against the factory.
 #include <gtest/gtest.h>
 
@@ -21,30 +23,31 @@
 
 using namespace veldplay;
 
-TEST(ScriptParser, SplitsWordsTextsAndComments) {
+TEST(ScriptParser, SplitsWordsTextsAndCommentsAndReportsBrokenTexts) {
     struct {
         const char* line;
         std::vector<QString> words;
     } const rows[] = {
-        {"click 11196", {QStringLiteral("click"), QStringLiteral("11196")}},
-        {"  type 11137  \"1 2\"  # note",
-         {QStringLiteral("type"), QStringLiteral("11137"), QStringLiteral("1 2")}},
-        {"set 1 \"a\\\"b\\\\c\\nd\\te\"",
-         {QStringLiteral("set"), QStringLiteral("1"), QStringLiteral("a\"b\\c\nd\te")}},
-        {"call X title=\"Height\" value=12.5",
-         {QStringLiteral("call"), QStringLiteral("X"), QStringLiteral("title=Height"),
-          QStringLiteral("value=12.5")}},
+        {"click 11196", {"click", "11196"}},
+        {"  type 11137  \"1 2\"  # note", {"type", "11137", "1 2"}},
+        {"set 1 \"a\\\"b\\\\c\\nd\\te\"", {"set", "1", "a\"b\\c\nd\te"}},
+        {"call X title=\"Height\" value=12.5", {"call", "X", "title=Height", "value=12.5"}},
         {"# only a comment", {}},
-        {"set 1 \"#not a comment\"",
-         {QStringLiteral("set"), QStringLiteral("1"), QStringLiteral("#not a comment")}},
-        {"set 1 \"\"", {QStringLiteral("set"), QStringLiteral("1"), QString()}},
+        {"set 1 \"#not a comment\"", {"set", "1", "#not a comment"}},
+        {"set 1 \"\"", {"set", "1", ""}},
     };
     for (const auto& r : rows) {
         std::vector<Word> words;
-        EXPECT_FALSE(SplitLine(QString::fromLatin1(r.line), words)) << r.line;
+        EXPECT_FALSE(SplitLine(r.line, words)) << r.line;
         ASSERT_EQ(words.size(), r.words.size()) << r.line;
         for (std::size_t i = 0; i < words.size(); ++i)
             EXPECT_EQ(words[i].text, r.words[i]) << r.line;
+    }
+    for (const char* line :
+         {"type 1 \"open", "type 1 \"bad \\q\"", "type 1 \"end\\", "type 1 \"\\u12\"",
+          "type 1 \"\\u+123\"", "type 1 \"\\U0000D800\"", "type 1 \"\\U00110000\""}) {
+        std::vector<Word> words;
+        EXPECT_TRUE(SplitLine(line, words)) << line;
     }
 }
 
@@ -53,25 +56,16 @@ TEST(ScriptParser, QuotedTextsHoldAnyTextExactly) {
     const QStringList texts = veldtest::HostileTexts(&error);
     ASSERT_FALSE(texts.isEmpty()) << error.toStdString();
     for (const QString& text : texts) {
-        const QString line = QStringLiteral("set 11212 ") + QuoteText(text);
-        EXPECT_FALSE(line.contains(QLatin1Char('\n'))) << veldtest::Printable(text).toStdString();
+        const QString line = "set 11212 " + QuoteText(text);
+        EXPECT_FALSE(line.contains('\n')) << veldtest::Printable(text).toStdString();
         std::vector<Word> words;
         ASSERT_FALSE(SplitLine(line, words)) << veldtest::Printable(text).toStdString();
         ASSERT_EQ(words.size(), 3u);
         EXPECT_EQ(words[2].text, text) << veldtest::Printable(text).toStdString();
     }
     std::vector<Word> words;
-    ASSERT_FALSE(SplitLine(QStringLiteral("set 1 \"\\U0001F4D0\\u00e9\\r\""), words));
+    ASSERT_FALSE(SplitLine("set 1 \"\\U0001F4D0\\u00e9\\r\"", words));
     EXPECT_EQ(words[2].text, QStringLiteral("\U0001F4D0\u00e9\r"));
-}
-
-TEST(ScriptParser, ReportsBrokenTexts) {
-    for (const char* line :
-         {"type 1 \"open", "type 1 \"bad \\q\"", "type 1 \"end\\", "type 1 \"\\u12\"",
-          "type 1 \"\\u+123\"", "type 1 \"\\U0000D800\"", "type 1 \"\\U00110000\""}) {
-        std::vector<Word> words;
-        EXPECT_TRUE(SplitLine(QString::fromLatin1(line), words)) << line;
-    }
 }
 
 namespace {
@@ -81,14 +75,14 @@ struct PlayRun {
     int errors = 0;
     QJsonObject First(const char* kind) const {
         for (const auto& e : events)
-            if (e.value(QStringLiteral("event")).toString() == QLatin1String(kind))
+            if (e["event"].toString() == QLatin1String(kind))
                 return e;
         return {};
     }
     int Count(const char* kind) const {
         int n = 0;
         for (const auto& e : events)
-            n += e.value(QStringLiteral("event")).toString() == QLatin1String(kind);
+            n += e["event"].toString() == QLatin1String(kind);
         return n;
     }
 };
@@ -101,7 +95,7 @@ PlayRun play(DrawingHost& host, const QString& script) {
     run.errors = player.Run(script);
     out.flush();
     run.text = text;
-    for (const QString& line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+    for (const QString& line : text.split('\n', Qt::SkipEmptyParts))
         run.events.push_back(QJsonDocument::fromJson(line.toUtf8()).object());
     CPalmDevice::SetLayoutOverride(-1);
     return run;
@@ -111,97 +105,71 @@ PlayRun play(const QString& script) {
     DrawingHost host;
     return play(host, script);
 }
+
+/// Expects the first event of @p kind in @p run to hold each of @p fields.
+void expectFields(const PlayRun& run, const char* kind, const QJsonObject& fields) {
+    const QJsonObject e = run.First(kind);
+    QJsonObject got;
+    for (auto it = fields.begin(); it != fields.end(); ++it)
+        got[it.key()] = e[it.key()];
+    EXPECT_EQ(QJsonDocument(got).toJson(QJsonDocument::Compact).toStdString(),
+              QJsonDocument(fields).toJson(QJsonDocument::Compact).toStdString())
+        << kind << " in\n"
+        << run.text.toStdString();
+}
 }  // namespace
 
 TEST(VeldPlay, MessageBoxStepsAndReturnValues) {
-    const PlayRun run =
-        play(QStringLiteral("layout 3\n"
-                            "call ShowDlgGetDouble title=\"Height\" allowZero=0\n"
-                            "  set 11137 \"0\"\n"
-                            "  click 11196\n"
-                            "  answer ok\n"
-                            "  clear 11137\n"
-                            "  type 11137 \"2.5\"\n"
-                            "  read 11137\n"
-                            "  click 11196\n"
-                            "end\n"));
+    const PlayRun run = play(
+        "layout 3\n"
+        "call ShowDlgGetDouble title=\"Height\" allowZero=0\n"
+        "  set 11137 \"0\"\n  click 11196\n  answer ok\n"
+        "  clear 11137\n  type 11137 \"2.5\"\n  read 11137\n  click 11196\n"
+        "end\n");
     EXPECT_EQ(run.errors, 0);
-    const QJsonObject dialog = run.First("dialog");
-    EXPECT_EQ(dialog.value(QStringLiteral("template")).toInt(), 11012);
-    EXPECT_EQ(dialog.value(QStringLiteral("layout")).toInt(), 3);
-    EXPECT_EQ(dialog.value(QStringLiteral("help")).toString(),
-              QStringLiteral("QuadraCE.htm#Dlg InsValore"));
-    const QJsonObject message = run.First("message");
-    EXPECT_EQ(message.value(QStringLiteral("text")).toString(),
-              QStringLiteral("The value can not be zero"));
-    EXPECT_EQ(message.value(QStringLiteral("flags")).toInt(), 48);
-    EXPECT_EQ(run.First("control").value(QStringLiteral("text")).toString(), QStringLiteral("2.5"));
-    const QJsonObject ret = run.First("return");
-    EXPECT_EQ(ret.value(QStringLiteral("result")).toInt(), 1);
-    EXPECT_EQ(ret.value(QStringLiteral("value")).toDouble(), 2.5);
     EXPECT_EQ(run.Count("dialog"), 1);
+    expectFields(run, "dialog",
+                 {{"template", 11012}, {"layout", 3}, {"help", "QuadraCE.htm#Dlg InsValore"}});
+    expectFields(run, "message", {{"text", "The value can not be zero"}, {"flags", 48}});
+    expectFields(run, "control", {{"text", "2.5"}});
+    expectFields(run, "return", {{"result", 1}, {"value", 2.5}});
 }
 
 TEST(VeldPlay, RotationHelpCloseAndScreenshot) {
     QTemporaryDir dir;
-    const QString shot = dir.filePath(QStringLiteral("rotate.png"));
-    const PlayRun run = play(QStringLiteral("call ShowDlgRotate angle=7\n"
-                                            "  click 11204\n"
-                                            "  help\n"
-                                            "  shot \"%1\"\n"
-                                            "  read 11137\n"
-                                            "  close\n"
-                                            "end\n")
+    const QString shot = dir.filePath("rotate.png");
+    const PlayRun run = play(QString("call ShowDlgRotate angle=7\n  click 11204\n  help\n"
+                                     "  shot \"%1\"\n  read 11137\n  close\nend\n")
                                  .arg(shot));
     EXPECT_EQ(run.errors, 0);
     EXPECT_TRUE(QFile::exists(shot));
-    EXPECT_FALSE(run.First("control").value(QStringLiteral("enabled")).toBool());
-    const QJsonObject ret = run.First("return");
-    EXPECT_EQ(ret.value(QStringLiteral("result")).toInt(), 2);
-    EXPECT_EQ(ret.value(QStringLiteral("angle")).toDouble(), 7.0);
+    expectFields(run, "control", {{"enabled", false}});
+    expectFields(run, "return", {{"result", 2}, {"angle", 7.0}});
 }
 
 TEST(VeldPlay, AnyTextCanBeTypedAndNumbersPrintAsTheyAre) {
     // Escapes, letters of other scripts and control characters reach the
     // field; -0 stays -0 in the output, a number too large is refused.
-    const PlayRun run =
-        play(QStringLiteral("call ShowDlgGetString\n"
-                            "  set 11212 \"a\\nb \u00e9\u0663 \U0001F4D0\"\n"
-                            "  click 11196\n"
-                            "end\n"
-                            "call ShowDlgGetDouble\n"
-                            "  set 11137 \"-0\"\n"
-                            "  click 11196\n"
-                            "end\n"
-                            "call ShowDlgRotate angle=3\n"
-                            "  set 11137 \"1e309\"\n"
-                            "  click 11196\n"
-                            "  answer ok\n"
-                            "  set 11137 \"0.1\"\n"
-                            "  click 11196\n"
-                            "end\n"));
+    const PlayRun run = play(
+        "call ShowDlgGetString\n  set 11212 \"a\\nb \u00e9\u0663 \U0001F4D0\"\n  click 11196\n"
+        "end\n"
+        "call ShowDlgGetDouble\n  set 11137 \"-0\"\n  click 11196\nend\n"
+        "call ShowDlgRotate angle=3\n  set 11137 \"1e309\"\n  click 11196\n  answer ok\n"
+        "  set 11137 \"0.1\"\n  click 11196\nend\n");
     EXPECT_EQ(run.errors, 0) << run.text.toStdString();
-    EXPECT_EQ(run.First("return").value(QStringLiteral("text")).toString(),
-              QStringLiteral("a\nb \u00e9\u0663 \U0001F4D0"));
-    EXPECT_TRUE(run.text.contains(QLatin1String("\"value\":-0}"))) << run.text.toStdString();
-    EXPECT_EQ(run.First("message").value(QStringLiteral("text")).toString(),
-              QStringLiteral("The value is out of range"));
-    EXPECT_TRUE(run.text.contains(QLatin1String("\"angle\":0.1}"))) << run.text.toStdString();
+    expectFields(run, "return", {{"text", QStringLiteral("a\nb \u00e9\u0663 \U0001F4D0")}});
+    EXPECT_TRUE(run.text.contains("\"value\":-0}")) << run.text.toStdString();
+    expectFields(run, "message", {{"text", "The value is out of range"}});
+    EXPECT_TRUE(run.text.contains("\"angle\":0.1}")) << run.text.toStdString();
 }
 
 TEST(VeldPlay, PasswordWithItsRetryQuestion) {
-    const PlayRun run =
-        play(QStringLiteral("call GetDlgPasswordRequest retry=1\n"
-                            "  type 4779 \"abc\"\n"
-                            "  click 11196\n"
-                            "  answer no\n"
-                            "end\n"));
+    // The retry question must be asked: an unanswered "answer" step is an error.
+    const PlayRun run = play(
+        "call GetDlgPasswordRequest retry=1\n  type 4779 \"abc\"\n  click 11196\n  answer no\n"
+        "end\n");
     EXPECT_EQ(run.errors, 0);
-    const QJsonObject ret = run.First("return");
-    EXPECT_EQ(ret.value(QStringLiteral("password")).toString(), QStringLiteral("ABC"));
-    EXPECT_FALSE(ret.value(QStringLiteral("retry")).toBool());
-    EXPECT_EQ(run.First("message").value(QStringLiteral("caption")).toString(),
-              QStringLiteral("Error"));
+    expectFields(run, "return", {{"password", "ABC"}, {"retry", false}});
 }
 
 TEST(VeldPlay, ErrorsNameTheirLine) {
@@ -223,24 +191,22 @@ TEST(VeldPlay, ErrorsNameTheirLine) {
         {"call ShowDlgRotate bad\nend\n", 1, "bad argument"},
     };
     for (const auto& r : rows) {
-        const PlayRun run = play(QString::fromLatin1(r.script));
+        const PlayRun run = play(r.script);
         EXPECT_GE(run.errors, 1) << r.script;
         const QJsonObject error = run.First("error");
-        EXPECT_EQ(error.value(QStringLiteral("line")).toInt(), r.line) << r.script;
-        EXPECT_TRUE(
-            error.value(QStringLiteral("message")).toString().contains(QLatin1String(r.message)))
-            << r.script << " gave "
-            << error.value(QStringLiteral("message")).toString().toStdString();
+        EXPECT_EQ(error["line"].toInt(), r.line) << r.script;
+        EXPECT_TRUE(error["message"].toString().contains(QLatin1String(r.message)))
+            << r.script << " gave " << error["message"].toString().toStdString();
     }
 }
 
 TEST(VeldPlay, ARunGoesOnAfterAnError) {
-    const PlayRun run =
-        play(QStringLiteral("call ShowDlgRotate\n  click 424242\nend\n"
-                            "call ShowDlgGetString text=\"kept\"\n  click 11196\nend\n"));
+    const PlayRun run = play(
+        "call ShowDlgRotate\n  click 424242\nend\n"
+        "call ShowDlgGetString text=\"kept\"\n  click 11196\nend\n");
     EXPECT_EQ(run.errors, 1);
     EXPECT_EQ(run.Count("return"), 2);
-    EXPECT_EQ(run.events.back().value(QStringLiteral("text")).toString(), QStringLiteral("kept"));
+    EXPECT_EQ(run.events.back()["text"].toString(), QStringLiteral("kept"));
 }
 
 // --- The drawing -----------------------------------------------------------
@@ -261,10 +227,8 @@ struct SampleHost {
 std::vector<QJsonObject> dumps(const PlayRun& run) {
     std::vector<QJsonObject> out;
     for (QJsonObject e : run.events) {
-        if (e.value(QStringLiteral("event")).toString() != QLatin1String("drawing"))
-            continue;
-        e.remove(QStringLiteral("event"));
-        out.push_back(e);
+        if (e.take("event").toString() == QLatin1String("drawing"))
+            out.push_back(e);
     }
     return out;
 }
@@ -272,7 +236,7 @@ std::vector<QJsonObject> dumps(const PlayRun& run) {
 /// The value at a slash-separated path of objects ("settings/angleSystem").
 QJsonValue at(const QJsonObject& o, const char* path) {
     QJsonValue v = o;
-    for (const QString& key : QString::fromLatin1(path).split(QLatin1Char('/')))
+    for (const QString& key : QString(path).split('/'))
         v = v.toObject().value(key);
     return v;
 }
@@ -284,7 +248,6 @@ QJsonObject dumpOf(const CVELD& cad) {
 }  // namespace
 
 TEST(VeldPlayDrawing, StatementsChangeWhatTheDumpShows) {
-    const QJsonArray none;
     struct {
         const char* script;
         const char* path;
@@ -292,7 +255,7 @@ TEST(VeldPlayDrawing, StatementsChangeWhatTheDumpShows) {
     } const rows[] = {
         {"select 9 11", "session/selection", QJsonArray{9, 11}},
         {"select 11\nselect 9 11", "session/selection", QJsonArray{11, 9}},
-        {"select 9 10\ndeselect", "session/selection", none},
+        {"select 9 10\ndeselect", "session/selection", QJsonArray()},
         {"angles gons", "settings/angleSystem", 2},
         // The base and the direction stay as they were.
         {"angles gons", "settings/angleBase", 0.5},
@@ -301,8 +264,7 @@ TEST(VeldPlayDrawing, StatementsChangeWhatTheDumpShows) {
     for (const auto& r : rows) {
         SampleHost s;
         SetAngleSystem(&s.CAD(), 0, 0.5, true);
-        const PlayRun run =
-            play(s.host, QString::fromLatin1(r.script) + QStringLiteral("\ndump drawing\n"));
+        const PlayRun run = play(s.host, QString(r.script) + "\ndump drawing\n");
         EXPECT_EQ(run.errors, 0) << r.script;
         ASSERT_EQ(dumps(run).size(), 1u) << r.script;
         EXPECT_EQ(at(dumps(run)[0], r.path), r.expected) << r.script << " at " << r.path;
@@ -319,13 +281,8 @@ TEST(VeldPlayDrawing, UndoAndRedoGoThroughTheUndoList) {
     entity->SetColor(3);
     s.CAD().AddChange(command);
 
-    const PlayRun run = play(s.host, QStringLiteral("dump drawing\n"
-                                                    "undo\n"
-                                                    "dump drawing\n"
-                                                    "redo\n"
-                                                    "dump drawing\n"
-                                                    "undo\n"
-                                                    "dump drawing\n"));
+    const PlayRun run =
+        play(s.host, "dump drawing\nundo\ndump drawing\nredo\ndump drawing\nundo\ndump drawing\n");
     EXPECT_EQ(run.errors, 0);
     const std::vector<QJsonObject> d = dumps(run);
     ASSERT_EQ(d.size(), 4u);
@@ -334,8 +291,8 @@ TEST(VeldPlayDrawing, UndoAndRedoGoThroughTheUndoList) {
     } const expected[] = {{3, 1, 0}, {before, 0, 1}, {3, 1, 0}, {before, 0, 1}};
     for (std::size_t i = 0; i < d.size(); ++i) {
         const QJsonObject first = at(d[i], "entities").toArray().at(0).toObject();
-        EXPECT_EQ(first.value(QStringLiteral("handle")).toInt(), 9);
-        EXPECT_EQ(first.value(QStringLiteral("color")).toInt(), expected[i].color) << "dump " << i;
+        EXPECT_EQ(first["handle"].toInt(), 9);
+        EXPECT_EQ(first["color"].toInt(), expected[i].color) << "dump " << i;
         EXPECT_EQ(at(d[i], "session/undo").toInt(), expected[i].undo) << "dump " << i;
         EXPECT_EQ(at(d[i], "session/redo").toInt(), expected[i].redo) << "dump " << i;
     }
@@ -343,47 +300,46 @@ TEST(VeldPlayDrawing, UndoAndRedoGoThroughTheUndoList) {
 
 TEST(VeldPlayDrawing, AFailedStatementNamesTheProblemAndChangesNothing) {
     QTemporaryDir dir;
-    const QString damaged = dir.filePath(QStringLiteral("damaged.json"));
+    const QString damaged = dir.filePath("damaged.json");
     {
         QFile f(damaged);
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write("{\"format\": ");
     }
-    const QString missing = dir.filePath(QStringLiteral("missing.json"));
-    const QString noFolder = dir.filePath(QStringLiteral("no/such/folder.json"));
+    const QString missing = dir.filePath("missing.json");
+    const QString noFolder = dir.filePath("no/such/folder.json");
     struct {
         QString statement;
         const char* message;
     } const rows[] = {
-        {QStringLiteral("select 424242"), "no entity has handle 424242"},
-        {QStringLiteral("select nine"), "nine is not a handle"},
-        {QStringLiteral("select"), "select needs at least one handle"},
-        {QStringLiteral("deselect all"), "deselect takes no arguments"},
-        {QStringLiteral("undo"), "nothing to undo"},
-        {QStringLiteral("redo"), "nothing to redo"},
-        {QStringLiteral("undo 2"), "undo takes no arguments"},
-        {QStringLiteral("dump"), "dump needs one word: drawing"},
-        {QStringLiteral("dump layers"), "dump needs one word: drawing"},
-        {QStringLiteral("angles grads"), "unknown system grads"},
-        {QStringLiteral("angles"), "angles needs one word"},
-        {QStringLiteral("open"), "open needs one file"},
-        {QStringLiteral("open \"%1\"").arg(missing), "missing.json cannot be opened"},
-        {QStringLiteral("open \"%1\"").arg(damaged), "damaged.json: not a drawing file"},
-        {QStringLiteral("open \"%1\"").arg(dir.path()), "it is a folder"},
-        {QStringLiteral("save"), "save needs one file"},
-        {QStringLiteral("save \"%1\"").arg(noFolder), "folder.json cannot be saved"},
+        {"select 424242", "no entity has handle 424242"},
+        {"select nine", "nine is not a handle"},
+        {"select", "select needs at least one handle"},
+        {"deselect all", "deselect takes no arguments"},
+        {"undo", "nothing to undo"},
+        {"redo", "nothing to redo"},
+        {"undo 2", "undo takes no arguments"},
+        {"dump", "dump needs one word: drawing"},
+        {"dump layers", "dump needs one word: drawing"},
+        {"angles grads", "unknown system grads"},
+        {"angles", "angles needs one word"},
+        {"open", "open needs one file"},
+        {QString("open \"%1\"").arg(missing), "missing.json cannot be opened"},
+        {QString("open \"%1\"").arg(damaged), "damaged.json: not a drawing file"},
+        {QString("open \"%1\"").arg(dir.path()), "it is a folder"},
+        {"save", "save needs one file"},
+        {QString("save \"%1\"").arg(noFolder), "folder.json cannot be saved"},
     };
     for (const auto& r : rows) {
         SampleHost s;
-        const PlayRun run = play(s.host, QStringLiteral("select 10\nangles gons\ndump drawing\n") +
-                                             r.statement + QStringLiteral("\ndump drawing\n"));
+        const PlayRun run = play(
+            s.host, "select 10\nangles gons\ndump drawing\n" + r.statement + "\ndump drawing\n");
         const std::string what = r.statement.toStdString();
         EXPECT_EQ(run.errors, 1) << what;
         const QJsonObject error = run.First("error");
-        EXPECT_EQ(error.value(QStringLiteral("line")).toInt(), 4) << what;
-        EXPECT_TRUE(
-            error.value(QStringLiteral("message")).toString().contains(QLatin1String(r.message)))
-            << what << " gave " << error.value(QStringLiteral("message")).toString().toStdString();
+        EXPECT_EQ(error["line"].toInt(), 4) << what;
+        EXPECT_TRUE(error["message"].toString().contains(QLatin1String(r.message)))
+            << what << " gave " << error["message"].toString().toStdString();
         const std::vector<QJsonObject> d = dumps(run);
         ASSERT_EQ(d.size(), 2u) << what;
         EXPECT_EQ(d[0], d[1]) << what;
@@ -394,15 +350,11 @@ TEST(VeldPlayDrawing, AFailedStatementNamesTheProblemAndChangesNothing) {
 
 TEST(VeldPlayDrawing, SaveThenOpenGivesTheSameDrawing) {
     QTemporaryDir dir;
-    const QString file = dir.filePath(QStringLiteral("plan with blanks.json"));
+    const QString file = dir.filePath("plan with blanks.json");
     SampleHost s;
-    const PlayRun first = play(s.host, QStringLiteral("angles gons\n"
-                                                      "save \"%1\"\n"
-                                                      "dump drawing\n"
-                                                      "angles radians\n"
-                                                      "select 9\n"
-                                                      "open \"%1\"\n"
-                                                      "dump drawing\n")
+    const PlayRun first = play(s.host, QString("angles gons\nsave \"%1\"\ndump drawing\n"
+                                               "angles radians\nselect 9\nopen \"%1\"\n"
+                                               "dump drawing\n")
                                            .arg(file));
     EXPECT_EQ(first.errors, 0);
     const std::vector<QJsonObject> d = dumps(first);
@@ -412,28 +364,12 @@ TEST(VeldPlayDrawing, SaveThenOpenGivesTheSameDrawing) {
 
     // Another host, starting empty, opens the same drawing.
     DrawingHost other;
-    const PlayRun second = play(other, QStringLiteral("open \"%1\"\ndump drawing\n").arg(file));
+    const PlayRun second = play(other, QString("open \"%1\"\ndump drawing\n").arg(file));
     EXPECT_EQ(second.errors, 0);
     ASSERT_EQ(dumps(second).size(), 1u);
     EXPECT_EQ(dumps(second)[0], d[0]);
     EXPECT_NE(at(d[0], "entities"), at(dumpOf(CVELD()), "entities"));
 }
-
-namespace {
-
-/// A sealed copy of the sample drawing in @p dir, opened with "pw".
-QString sealedSample(const QTemporaryDir& dir, QJsonObject& dump) {
-    SampleHost s;
-    SetAngleSystem(&s.CAD(), 3, 0.25, true);
-    const QString path = dir.filePath(QStringLiteral("sealed.vld"));
-    QString error;
-    EXPECT_TRUE(drawingfile::Save(s.CAD(), path, QStringLiteral("pw"), error))
-        << error.toStdString();
-    dump = dumpOf(s.CAD());
-    return path;
-}
-
-}  // namespace
 
 // --- The command line ------------------------------------------------------
 
@@ -447,7 +383,7 @@ struct Outcome {
 
 Outcome runVeldPlay(const QStringList& args, const QByteArray& script) {
     QProcess p;
-    p.start(QStringLiteral(VELD_PLAY_EXE), args + QStringList{QStringLiteral("-")});
+    p.start(VELD_PLAY_EXE, args + QStringList{"-"});
     Outcome o;
     if (!p.waitForStarted())
         return o;
@@ -470,55 +406,48 @@ Outcome runVeldPlay(const QStringList& args, const QByteArray& script) {
 
 TEST(VeldPlayCommandLine, DrawingOptions) {
     QTemporaryDir dir;
-    QJsonObject sealedDump;
-    const QString sealed = sealedSample(dir, sealedDump);
+    const QString sealed = dir.filePath("sealed.vld");
+    const QString odd = dir.filePath("say \"hi\"\\.vld");
     SampleHost sample;
-    QJsonObject sampleDump = dumpOf(sample.CAD());
-    QJsonObject emptyDump = dumpOf(*DrawingHost().GetCAD());
-    const QString odd = dir.filePath(QStringLiteral("say \"hi\"\\.vld"));
+    const QJsonObject sampleDump = dumpOf(sample.CAD());
+    SetAngleSystem(&sample.CAD(), 3, 0.25, true);
+    QString error;
+    ASSERT_TRUE(drawingfile::Save(sample.CAD(), sealed, "pw", error)) << error.toStdString();
+    const QJsonObject sealedDump = dumpOf(sample.CAD());
+    const QJsonObject emptyDump = dumpOf(*DrawingHost().GetCAD());
 
-    struct {
+    const struct {
         QStringList args;
         int exitCode;
         const QJsonObject* dump;  ///< the drawing dumped, or null for an error
-        QString message;
+        const char* message;
     } rows[] = {
-        {{}, 0, &emptyDump, {}},
-        {{QStringLiteral("--sample")}, 0, &sampleDump, {}},
-        {{QStringLiteral("--drawing"), sealed, QStringLiteral("--password"), QStringLiteral("pw")},
-         0,
-         &sealedDump,
-         {}},
-        {{QStringLiteral("--password"), QStringLiteral("x"), QStringLiteral("--drawing"), sealed},
+        {{}, 0, &emptyDump, nullptr},
+        {{"--sample"}, 0, &sampleDump, nullptr},
+        {{"--drawing", sealed, "--password", "pw"}, 0, &sealedDump, nullptr},
+        {{"--password", "x", "--drawing", sealed},
          1,
          nullptr,
-         QStringLiteral("sealed.vld was not opened: wrong password")},
-        {{QStringLiteral("--drawing"), sealed},
-         1,
-         nullptr,
-         QStringLiteral("sealed.vld was not opened: no password was given")},
+         "sealed.vld was not opened: wrong password"},
+        {{"--drawing", sealed}, 1, nullptr, "sealed.vld was not opened: no password was given"},
         // The message names a file whose name needs escaping in JSON.
-        {{QStringLiteral("--drawing"), odd},
-         1,
-         nullptr,
-         QStringLiteral("say \"hi\"\\.vld cannot be opened")},
+        {{"--drawing", odd}, 1, nullptr, "say \"hi\"\\.vld cannot be opened"},
     };
     for (const auto& r : rows) {
-        const std::string what = r.args.join(QLatin1Char(' ')).toStdString();
+        const std::string what = r.args.join(' ').toStdString();
         const Outcome o = runVeldPlay(r.args, "dump drawing\n");
         EXPECT_EQ(o.exitCode, r.exitCode) << what;
         EXPECT_TRUE(o.allJson) << what;
         ASSERT_EQ(o.events.size(), 1u) << what;
         QJsonObject e = o.events[0];
         if (r.dump) {
-            EXPECT_EQ(e.take(QStringLiteral("event")).toString(), QStringLiteral("drawing"))
-                << what;
+            EXPECT_EQ(e.take("event").toString(), QStringLiteral("drawing")) << what;
             EXPECT_EQ(e, *r.dump) << what;
         } else {
-            EXPECT_EQ(e.value(QStringLiteral("event")).toString(), QStringLiteral("error")) << what;
-            EXPECT_EQ(e.value(QStringLiteral("line")).toInt(-1), 0) << what;
-            EXPECT_TRUE(e.value(QStringLiteral("message")).toString().contains(r.message))
-                << what << " gave " << e.value(QStringLiteral("message")).toString().toStdString();
+            EXPECT_EQ(e["event"].toString(), QStringLiteral("error")) << what;
+            EXPECT_EQ(e["line"].toInt(-1), 0) << what;
+            EXPECT_TRUE(e["message"].toString().contains(QString::fromUtf8(r.message)))
+                << what << " gave " << e["message"].toString().toStdString();
         }
     }
 }

@@ -139,34 +139,30 @@ TEST_F(DemoFixture, UndoAndRedoFromTheMenuChangeTheDrawing) {
     EXPECT_FALSE(redo->isEnabled());
 }
 
-TEST_F(DemoFixture, SavedDrawingsOpenAgainTheSame) {
+TEST_F(DemoFixture, SavedDrawingsOpenAgainTheSamePlainAndSealed) {
     QTemporaryDir dir;
-    const QString file = dir.filePath(QStringLiteral("plan.veld"));
+    const QString plain = dir.filePath(QStringLiteral("plan.veld"));
+    const QString sealed = dir.filePath(QStringLiteral("sealed.veld"));
     SetLtypeScale(&window.GetCAD(), 3.0);
     const QByteArray before = drawingfile::Write(window.GetCAD());
-    ASSERT_TRUE(window.SaveFile(file, QString()));
+    ASSERT_TRUE(window.SaveFile(plain, QString()));
     EXPECT_FALSE(window.IsModified());
     EXPECT_TRUE(window.windowTitle().startsWith(QStringLiteral("plan.veld")));
     action(window, QStringLiteral("New"))->trigger();
     EXPECT_NE(drawingfile::Write(window.GetCAD()), before);
-    ASSERT_TRUE(window.OpenFile(file));
+    ASSERT_TRUE(window.OpenFile(plain));
     EXPECT_EQ(drawingfile::Write(window.GetCAD()), before);
-}
 
-TEST_F(DemoFixture, ADrawingSealedFromTheDemoOpensAgainWithItsPassword) {
-    QTemporaryDir dir;
-    const QString file = dir.filePath(QStringLiteral("sealed.veld"));
-    const QByteArray before = drawingfile::Write(window.GetCAD());
     using D = NewPasswordDialog;
     automation::ScriptedUser user;
-    // Saving: the new password twice, mistyped once; lower case as people type.
+    // Sealing: the new password twice, mistyped once; lower case as people type.
     user.Type(D::kIdPassword, QStringLiteral("secret"))
         .Type(D::kIdRepeat, QStringLiteral("secrat"))
         .Click(D::kIdOk)
         .Answer(ulo::IDOK)
         .Type(D::kIdRepeat, QStringLiteral("Secret"))
         .Click(D::kIdOk)
-        .AnswerFile(file);
+        .AnswerFile(sealed);
     action(window, QStringLiteral("Save with password..."))->trigger();
     ASSERT_TRUE(user.Finished()) << user.Report().toStdString();
     ASSERT_EQ(user.Messages().size(), 1u);
@@ -174,7 +170,7 @@ TEST_F(DemoFixture, ADrawingSealedFromTheDemoOpensAgainWithItsPassword) {
 
     // Opening: a new drawing first, then File, Open and the library's password dialog.
     action(window, QStringLiteral("New"))->trigger();
-    user.AnswerFile(file).Type(4779, QStringLiteral("secret")).Click(11196);
+    user.AnswerFile(sealed).Type(4779, QStringLiteral("secret")).Click(11196);
     action(window, QStringLiteral("Open..."))->trigger();
     ASSERT_TRUE(user.Finished()) << user.Report().toStdString();
     EXPECT_EQ(drawingfile::Write(window.GetCAD()), before);
@@ -182,10 +178,10 @@ TEST_F(DemoFixture, ADrawingSealedFromTheDemoOpensAgainWithItsPassword) {
     // Saving again keeps the seal and its password.
     SetLtypeScale(&window.GetCAD(), 2.0);
     action(window, QStringLiteral("Save"))->trigger();
-    QFile saved(file);
+    QFile saved(sealed);
     ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
-    QByteArray plain;
-    EXPECT_TRUE(veld::CSealedFile::Open(saved.readAll(), L"SECRET", plain));
+    QByteArray json;
+    EXPECT_TRUE(veld::CSealedFile::Open(saved.readAll(), L"SECRET", json));
 }
 
 TEST(LauncherListener, AnswersWhileTheDemosOwnThreadWaits) {

@@ -41,59 +41,54 @@ ITableItem* someStyle(CData& d) {
 }
 }  // namespace
 
-class ItemMemento : public ::testing::TestWithParam<Change> {};
-
-TEST_P(ItemMemento, RestoresThePropertyAndTheName) {
-    CData data;
-    const Change& c = GetParam();
-    ITableItem* item = c.make(data);
-    ulo::IMemento* before = item->CreateMemento();
-    EXPECT_FALSE(item->HasChanged(before));
-    c.change(item, data);
-    item->SetName(item->GetName() + ulo::WString(L"X"));
-    EXPECT_TRUE(item->HasChanged(before)) << c.what;
-    ulo::IMemento* after = item->CreateMemento();
-    item->SetMemento(before);
-    EXPECT_FALSE(item->HasChanged(before)) << c.what;
-    EXPECT_TRUE(item->HasChanged(after)) << c.what;
-    item->SetMemento(after);
-    EXPECT_FALSE(item->HasChanged(after)) << c.what;
-    before->SubReference();
-    after->SubReference();
-    item->SubReference();
+TEST(ItemMemento, RestoresEachPropertyAndTheName) {
+    const Change changes[] = {
+        {"layer colour", someLayer,
+         [](ITableItem* i, CData&) { static_cast<CLayer*>(i)->SetColor(5); }},
+        {"layer frozen", someLayer,
+         [](ITableItem* i, CData&) { static_cast<CLayer*>(i)->SetFrozen(true); }},
+        {"layer line type", someLayer,
+         [](ITableItem* i, CData& d) {
+             static_cast<CLayer*>(i)->SetLtype(d.GetLtypeTable().GetLtypeByBlock());
+         }},
+        {"layer width", someLayer,
+         [](ITableItem* i, CData&) { static_cast<CLayer*>(i)->SetLineWidth(kLineWidthByBlock); }},
+        {"ltype description", someLtype,
+         [](ITableItem* i, CData&) { static_cast<CLtype*>(i)->SetDesc(L"x"); }},
+        {"ltype pattern", someLtype,
+         [](ITableItem* i, CData&) {
+             static_cast<CLtype*>(i)->Copy(CLtype(L"o", L"", dashes({1}), 0));
+         }},
+        {"style font", someStyle,
+         [](ITableItem* i, CData&) {
+             static_cast<CStyle*>(i)->SetFont(CFontTable::GetInstance()[4]);
+         }},
+        {"style oblique", someStyle,
+         [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetOblique(0.2); }},
+        {"style bold", someStyle,
+         [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetBold(true); }},
+        {"style vertical", someStyle,
+         [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetHoriz(false); }},
+    };
+    for (const Change& c : changes) {
+        CData data;
+        ITableItem* item = c.make(data);
+        ulo::IMemento* before = item->CreateMemento();
+        EXPECT_FALSE(item->HasChanged(before)) << c.what;
+        c.change(item, data);
+        item->SetName(item->GetName() + ulo::WString(L"X"));
+        EXPECT_TRUE(item->HasChanged(before)) << c.what;
+        ulo::IMemento* after = item->CreateMemento();
+        item->SetMemento(before);
+        EXPECT_FALSE(item->HasChanged(before)) << c.what;
+        EXPECT_TRUE(item->HasChanged(after)) << c.what;
+        item->SetMemento(after);
+        EXPECT_FALSE(item->HasChanged(after)) << c.what;
+        before->SubReference();
+        after->SubReference();
+        item->SubReference();
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Properties, ItemMemento,
-    ::testing::Values(
-        Change{"layer colour", someLayer,
-               [](ITableItem* i, CData&) { static_cast<CLayer*>(i)->SetColor(5); }},
-        Change{"layer frozen", someLayer,
-               [](ITableItem* i, CData&) { static_cast<CLayer*>(i)->SetFrozen(true); }},
-        Change{"layer line type", someLayer,
-               [](ITableItem* i, CData& d) {
-                   static_cast<CLayer*>(i)->SetLtype(d.GetLtypeTable().GetLtypeByBlock());
-               }},
-        Change{"layer width", someLayer,
-               [](ITableItem* i, CData&) {
-                   static_cast<CLayer*>(i)->SetLineWidth(kLineWidthByBlock);
-               }},
-        Change{"ltype description", someLtype,
-               [](ITableItem* i, CData&) { static_cast<CLtype*>(i)->SetDesc(L"x"); }},
-        Change{"ltype pattern", someLtype,
-               [](ITableItem* i, CData&) {
-                   static_cast<CLtype*>(i)->Copy(CLtype(L"o", L"", dashes({1}), 0));
-               }},
-        Change{"style font", someStyle,
-               [](ITableItem* i, CData&) {
-                   static_cast<CStyle*>(i)->SetFont(CFontTable::GetInstance()[4]);
-               }},
-        Change{"style oblique", someStyle,
-               [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetOblique(0.2); }},
-        Change{"style bold", someStyle,
-               [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetBold(true); }},
-        Change{"style vertical", someStyle,
-               [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetHoriz(false); }}));
 
 TEST(Tables, AddRemoveFindAndFreshNames) {
     CData data;
@@ -113,8 +108,6 @@ TEST(Tables, AddRemoveFindAndFreshNames) {
     EXPECT_EQ(a->GetReferenceCount(), 1u);
     EXPECT_EQ(layers.Find(L"layer1"), nullptr);
     a->SubReference();
-    EXPECT_EQ(GetStyleStandard(&data)->GetName(), L"STANDARD");
-    EXPECT_NE(FindLayer(&data, L"0"), nullptr);
 }
 
 TEST(Tables, NameRule) {
@@ -195,9 +188,7 @@ TEST(LineTypes, PatternLengthCountsNumberElementsOnly) {
     seq.AddDashText(TEXT_3D(L"GAS", nullptr, 1.0, 0.0, 1.0, 0.0, {}, 0, 0));
     const CLtype t(L"GAS", L"Gas line", seq, 0);
     EXPECT_DOUBLE_EQ(t.GetPatternLen(), 0.75);
-    EXPECT_EQ(t.GetNoDashes(), 4u);
     ASSERT_NE(t.GetDash(3)->GetText(), nullptr);
-    EXPECT_EQ(t.GetDash(3)->GetText()->GetContext().GetString(), L"GAS");
     EXPECT_FALSE(t.GetDash(3)->IsDouble());
     EXPECT_EQ(t.GetDash(4), nullptr);
 }
