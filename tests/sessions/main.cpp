@@ -63,6 +63,11 @@ int main(int argc, char** argv) {
         const unsigned s = seed + static_cast<unsigned>(n);
         const sessions::SessionResult r = sessions::RunSession(factory, op, layout, s, corpus);
         ++runs[op];
+        if ((n + 1) % 1000 == 0) {
+            std::printf("%ld sessions, %ld failed, %.1f s\n", n + 1, failures,
+                        clock.elapsed() / 1000.0);
+            std::fflush(stdout);
+        }
         if (print && r.ok)
             std::printf("%s\n", qPrintable(r.script));
         if (!r.ok) {
