@@ -67,14 +67,10 @@ int CPalmDevice::GetLayoutOverride() {
 }
 
 int CPalmDevice::GetResMultiplier() {
+    // Qt lays widgets out in device-independent pixels and scales them by the
+    // screen's pixel ratio itself: a base size needs no multiplying again.
     const int env = envInt("VELD_RES_MULTIPLIER", 0);
-    if (env >= 1)
-        return env;
-    const QScreen* screen = qobject_cast<QGuiApplication*>(QCoreApplication::instance())
-                                ? QGuiApplication::primaryScreen()
-                                : nullptr;
-    const double dpr = screen ? screen->devicePixelRatio() : 1.0;
-    return std::max(1, static_cast<int>(std::floor(dpr)));
+    return env >= 1 ? env : 1;
 }
 
 }  // namespace ulo

@@ -21,8 +21,9 @@ public:
     /// -1 clears the override.
     static void SetLayoutOverride(int variant);
     static int GetLayoutOverride();
-    /// Integer density multiplier: the screen's device pixel ratio rounded
-    /// down, at least 1 (VELD_RES_MULTIPLIER overrides).
+    /// Integer density multiplier of base pixel sizes: 1, as Qt already scales
+    /// logical pixels for dense screens (VELD_RES_MULTIPLIER sets another, to
+    /// see how a size rule behaves).
     static int GetResMultiplier();
     /// A base pixel size scaled for the screen: @p base x GetResMultiplier().
     static int Px(int base) { return base * GetResMultiplier(); }
