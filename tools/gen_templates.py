@@ -254,6 +254,9 @@ def d11036(L):  # Loading Line Type
     L.add(65535, 'Static', 'Line types available:', M, y, right - M, 9)
     y += 11
     L.add(1162, 'Static', '', M, y, right - M, L.content_bottom() - y, 'kHidden')
+    # The check box grid the dialog makes over the placeholder: a control of
+    # the template too, so that it is found by its id like every other one.
+    L.add(2000, 'Custom', '', M, y, right - M, L.content_bottom() - y, 'kBorder')
     L.ok_cancel(1, 2)
 
 
@@ -285,48 +288,85 @@ def d11040(L):  # Angle system
 
 
 def d11044(L):  # Color options
+    # The dialog sets the strips to whole multiples of their cells in pixels
+    # when it opens (palette 216 x 45, standard and grey 90 x 20, times the
+    # density multiplier), keeping their top-left corners; each rectangle here
+    # leaves at least that room at the dialog font's 1.75 pixels per unit.
+    SW, SH = 52, 12    # standard and grey strips
+    PW, PH = 124, 26   # each palette strip; the two halves touch
+    gw = SW + 6
+    gh = GB_TOP + SH + GB_PAD
+    tall = L.v == 1
+
+    def strips_row(x, y):
+        L.add(65535, 'GroupBox', 'Standard color', x, y, gw, gh)
+        L.add(11187, 'Custom', '', x + 3, y + GB_TOP, SW, SH)
+        L.add(65535, 'GroupBox', 'Gray shades', x + gw + 2, y, gw, gh,
+              altLabel='Gray tone', altLabelIn='0xC')
+        L.add(11189, 'Custom', '', x + gw + 5, y + GB_TOP, SW, SH)
+
+    def logical(x, y, w, stacked):
+        if stacked:
+            L.add(65535, 'GroupBox', 'Logical colors', x, y, w, GB_TOP + 2 * 13 + 2 + GB_PAD)
+            L.add(11190, 'PushButton', 'By Layer', x + 2, y + GB_TOP, w - 4, 13)
+            L.add(11191, 'PushButton', 'By Block', x + 2, y + GB_TOP + 15, w - 4, 13)
+        else:
+            L.add(65535, 'GroupBox', 'Logical colors', x, y, w, GB_TOP + 13 + GB_PAD)
+            bw = (w - 6) // 2
+            L.add(11190, 'PushButton', 'By Layer', x + 2, y + GB_TOP, bw, 13)
+            L.add(11191, 'PushButton', 'By Block', x + 4 + bw, y + GB_TOP, bw, 13)
+
+    def palette(x, y):
+        L.add(65535, 'Static', 'Full palette of colors', x, y, 100, 9)
+        L.add(11192, 'Custom', '', x, y + 10, PW, PH)
+        L.add(11193, 'Custom', '', x, y + 10 + PH, PW, PH)
+        return y + 10 + 2 * PH
+
+    name_style = 'kReadOnly | kAutoHScroll | kBorder'
+    if L.land:
+        # The logical colours beside the strips, whose group title needs the
+        # room; the name and the preview beside the palette. The narrow layout
+        # has no width left for a column of its own: OK and Cancel go under
+        # the name, inside the frame; the wide one keeps them in the right-hand
+        # column where the thumb rests.
+        wide = L.v == 3
+        L.add(65535, 'GroupBox', 'Color options', 1, 1, 176 if wide else 177, L.H - 3 if wide else L.H - 2)
+        strips_row(3, 13)
+        logical(3 + 2 * gw + 4, 13, 52, True)
+        top = 13 + GB_TOP + 28 + GB_PAD  # under the logical colours
+        palette(3, top - 9)
+        cx, cw = PW + 6, 45
+        L.add(65535, 'Static', 'Color :', cx, top + 4, 28, 9)
+        L.add(11194, 'Edit', '', cx, top + 19, cw, EDIT_H, name_style, disabledIn='0xC')
+        L.add(11195, 'Custom', '', cx + cw - 15, top + 2, 15, 15, 'kBorder')
+        if wide:
+            L.ok_cancel()
+        else:
+            L.add(11196, 'PushButton', 'OK', cx, top + 33, cw, 13, 'kDefault')
+            L.add(11197, 'PushButton', 'Cancel', cx, top + 48, cw, 13)
+        return
     right = L.content_right()
-    land = L.land
-    # The palette groups and the logical colours across the top, then the
-    # strips of the full palette; name and preview below them in portrait, in
-    # the right-hand column with the buttons in landscape.
-    if land:
-        L.add(65535, 'GroupBox', 'Color options', 2, 1, right - 1, L.H - 3)
-    else:
-        L.add(65535, 'GroupBox', 'Color options', 2, 1, right - 1, L.content_bottom() - 2)
-    x = 6
-    y = 1 + GB_TOP
-    sh = GB_TOP + 11 + GB_PAD
-    L.add(65535, 'GroupBox', 'Standard color', x, y, 58, sh)
-    L.add(11187, 'Custom', '', x + 3, y + GB_TOP, 52, 11)
-    L.add(65535, 'GroupBox', 'Gray shades', x + 60, y, right - x - 62, sh,
-          altLabel='Gray tone', altLabelIn='0xC')
-    L.add(11189, 'Custom', '', x + 63, y + GB_TOP, 35, 11)
-    y += sh + 1
-    lh = GB_TOP + 13 + GB_PAD
-    L.add(65535, 'GroupBox', 'Logical colors', x, y, right - x - 2, lh)
-    bw = (right - x - 12) // 2
-    L.add(11190, 'PushButton', 'By Layer', x + 4, y + GB_TOP, bw, 13)
-    L.add(11191, 'PushButton', 'By Block', x + 6 + bw, y + GB_TOP, bw, 13)
-    y += lh + 1
-    L.add(65535, 'Static', 'Full palette of colors', x, y, 90, 9)
-    y += 10
-    ph = {0: 20, 1: 30}.get(L.v, 19)
-    L.add(11192, 'Custom', '', x, y, right - x - 3, ph)
-    L.add(11193, 'Custom', '', x, y + ph + 1, right - x - 3, ph)
-    if land:
-        cx = right + 6
-        cw = L.W - M - cx
-        L.add(65535, 'Static', 'Color :', cx, 4, cw, 9)
-        L.add(11194, 'Edit', '', cx, 14, cw, EDIT_H, 'kReadOnly | kAutoHScroll | kBorder', disabledIn='0xC')
-        L.add(11195, 'Custom', '', cx, 30, 18, 18, 'kBorder')
+    if tall:
+        # Room to spare: one row each, the name and a larger preview last.
+        L.add(65535, 'GroupBox', 'Color options', 2, 1, right - 1, 167)
+        strips_row(6, 14)
+        logical(6, 14 + gh + 4, right - 8, False)
+        y = palette(6, 14 + gh + 4 + GB_TOP + 13 + GB_PAD + 5)
+        L.add(65535, 'Static', 'Color :', 6, y + 12, 26, 9)
+        L.add(11194, 'Edit', '', 34, y + 10, right - 64, EDIT_H, name_style, disabledIn='0xC')
+        L.add(11195, 'Custom', '', right - 26, y + 6, 20, 20, 'kBorder')
         L.ok_cancel()
         return
-    y += 2 * ph + 4
-    L.add(65535, 'Static', 'Color :', x, y + 2, 26, 9)
-    L.add(11194, 'Edit', '', x + 28, y, right - x - 54, EDIT_H, 'kReadOnly | kAutoHScroll | kBorder',
-          disabledIn='0xC')
-    L.add(11195, 'Custom', '', right - 22, y - 2, 16, 16, 'kBorder')
+    # The short portrait layout puts the name and the preview beside the
+    # logical colours to leave the palette its height above the buttons.
+    L.add(65535, 'GroupBox', 'Color options', 2, 1, right - 1, 131)
+    strips_row(6, 13)
+    y = 13 + gh + 1
+    logical(6, y, 74, False)
+    palette(6, y + GB_TOP + 13 + GB_PAD + 1)
+    L.add(65535, 'Static', 'Color :', 82, y + 3, 30, 9)
+    L.add(11194, 'Edit', '', 82, y + 15, 48, EDIT_H, name_style, disabledIn='0xC')
+    L.add(11195, 'Custom', '', 116, y, 14, 14, 'kBorder')
     L.ok_cancel()
 
 

@@ -3,6 +3,7 @@
 #include <new>
 
 #include "Scopes.h"
+#include "properties/CCECADDlgColor.h"
 #include "res/StringIds.h"
 #include "shell/CCECADDlgGetDouble.h"
 #include "shell/CCECADDlgPasswordDwg.h"
@@ -31,8 +32,15 @@ void CCEVELDDlgFactory::ShowDlgOptColors(CWnd*, CVELD&) {}
 void CCEVELDDlgFactory::ShowDlgLayer(CWnd*, CVELD&) {}
 void CCEVELDDlgFactory::ShowDlgLtype(CWnd*, CVELD&) {}
 void CCEVELDDlgFactory::ShowDlgTextStyle(CWnd*, CVELD&) {}
-bool CCEVELDDlgFactory::ShowDlgColor(CWnd*, const CVELD*, short, short, short, bool, short&) {
-    return false;
+bool CCEVELDDlgFactory::ShowDlgColor(CWnd* parent, const CVELD* cad, short startColour,
+                                     short byLayerColour, short byBlockColour, bool logicalAllowed,
+                                     short& chosen) {
+    CModuleResourceScope scope;
+    CCECADDlgColor dialog(cad, startColour, byLayerColour, byBlockColour, logicalAllowed, parent);
+    if (dialog.DoModal() != ulo::IDOK)
+        return false;
+    chosen = dialog.GetSelColor();
+    return true;
 }
 void CCEVELDDlgFactory::ShowDlgOptCursor(CWnd*, CVELD&) {}
 bool CCEVELDDlgFactory::ShowDlgAngle(CWnd*, CVELD&) {

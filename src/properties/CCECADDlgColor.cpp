@@ -1,0 +1,133 @@
+#include "CCECADDlgColor.h"
+
+#include <QMouseEvent>
+
+#include "CVELDEntColorStatic.h"
+#include "CVELDMultiColorStatic.h"
+#include "shell/DialogIds.h"
+#include "ulo/HelpTopic.h"
+#include "ulo/PalmDevice.h"
+
+namespace veld5 {
+
+namespace {
+// Strip sizes in pixels at a multiplier of 1: whole cells of 10 x 20 (nine
+// standard colours), 15 x 20 (six greys) and 9 x 9 (the palette's 24 x 5).
+constexpr int kStripWidth = 90;
+constexpr int kStripHeight = 20;
+constexpr int kPaletteWidth = 216;
+constexpr int kPaletteHeight = 45;
+}  // namespace
+
+CCECADDlgColor::CCECADDlgColor(const CVELD* cad, short startColour, short byLayerColour,
+                               short byBlockColour, bool logicalAllowed, CWnd* parent)
+    : CExDialog(CPalmDevice::SelectIdDlgStd(11044, 11045, 11046, 11047), parent),
+      cad_(cad),
+      chosen_(startColour),
+      startColour_(startColour),
+      logicalAllowed_(logicalAllowed),
+      standard_(std::make_unique<CVELDMultiColorStatic>(short(1), short(9))),
+      grey_(std::make_unique<CVELDMultiColorStatic>(short(250), short(6))),
+      paletteEven_(std::make_unique<CVELDMultiColorStatic>(true)),
+      paletteOdd_(std::make_unique<CVELDMultiColorStatic>(false)),
+      preview_(
+          std::make_unique<CVELDEntColorStatic>(cad, startColour, byLayerColour, byBlockColour)) {
+    SetOkCancelIds(kIdOk, kIdCancel);
+    for (CVELDMultiColorStatic* strip : Strips()) {
+        strip->SetCad(cad_);
+        connect(strip, &CVELDMultiColorStatic::colorPicked, this, &CCECADDlgColor::SelectColor);
+    }
+}
+
+CCECADDlgColor::~CCECADDlgColor() = default;
+
+std::array<CVELDMultiColorStatic*, 4> CCECADDlgColor::Strips() const {
+    return {standard_.get(), grey_.get(), paletteEven_.get(), paletteOdd_.get()};
+}
+
+QWidget* CCECADDlgColor::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget*) {
+    switch (ctrl.id) {
+        case kIdStandard:
+            return standard_.get();
+        case kIdGrey:
+            return grey_.get();
+        case kIdPaletteEven:
+            return paletteEven_.get();
+        case kIdPaletteOdd:
+            return paletteOdd_.get();
+        case kIdPreview:
+            if (ctrl.style & ulo::kBorder)
+                preview_->setFrameStyle(QFrame::Box | QFrame::Plain);
+            return preview_.get();
+        default:
+            return nullptr;
+    }
+}
+
+BOOL CCECADDlgColor::OnInitDialog() {
+    CExDialog::OnInitDialog();
+    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg OpzColori");
+
+    // Whole cells only, so that every pixel of a strip belongs to a cell; the
+    // strips keep the corners the layout gave them.
+    const int m = CPalmDevice::GetResMultiplier();
+    paletteEven_->resize(kPaletteWidth * m, kPaletteHeight * m);
+    paletteOdd_->resize(kPaletteWidth * m, kPaletteHeight * m);
+    standard_->resize(kStripWidth * m, kStripHeight * m);
+    grey_->resize(kStripWidth * m, kStripHeight * m);
+
+    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
+    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
+    for (unsigned id : {kIdByLayer, kIdByBlock}) {
+        GetDlgItem<CColButton>(id)->SetBtnColor(2, 3);
+        EnableDlgItem(id, logicalAllowed_);
+    }
+    SelectColor(startColour_);
+    return TRUE;
+}
+
+void CCECADDlgColor::SelectColor(short index) {
+    chosen_ = index;
+    preview_->SetColorIndex(static_cast<unsigned short>(index));
+    SetDlgItemText(kIdName, CVELDEntColorStatic::NameOf(index));
+}
+
+bool CCECADDlgColor::OnCommand(unsigned id) {
+    switch (id) {
+        case kIdByLayer:
+            SelectColor(CVELDEntColorStatic::kByLayer);
+            return true;
+        case kIdByBlock:
+            SelectColor(CVELDEntColorStatic::kByBlock);
+            return true;
+        case ulo::ID_HELP:
+            return true;  // help comes only through the topic
+        default:
+            return CExDialog::OnCommand(id);
+    }
+}
+
+void CCECADDlgColor::OnCancel() {
+    // A caller that reads the colour after Cancel finds the one it gave.
+    chosen_ = startColour_;
+    CExDialog::OnCancel();
+}
+
+void CCECADDlgColor::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        CExDialog::mousePressEvent(event);
+        return;
+    }
+    // The strips are tested in their order and the last that holds the point
+    // takes it: the two palette halves may meet on a shared pixel row.
+    const QPoint point = event->position().toPoint();
+    CVELDMultiColorStatic* hit = nullptr;
+    for (CVELDMultiColorStatic* strip : Strips())
+        if (strip->parentWidget() == this && strip->geometry().contains(point))
+            hit = strip;
+    if (hit)
+        hit->OnLButtonDown(point - hit->pos());
+    event->accept();
+}
+
+}  // namespace veld5
