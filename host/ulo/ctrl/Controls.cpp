@@ -238,6 +238,19 @@ void CCEMSGridCtrl::ToggleCheck(int row) {
     SetCheck(row, !GetCheck(row));
 }
 
+void CCEMSGridCtrl::keyPressEvent(QKeyEvent* event) {
+    // The check cell takes no focus of its own (it is not selectable): Space
+    // checks the row the focus is on, whichever of its cells that is.
+    const int row = currentRow();
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier && row >= 0 &&
+        columnCount() > 0) {
+        ToggleCheck(row);
+        event->accept();
+        return;
+    }
+    QTableWidget::keyPressEvent(event);
+}
+
 void CCEMSGridCtrl::SetItemPtr(int row, quintptr data) {
     if (auto* it = item(row, 0))
         it->setData(Qt::UserRole, QVariant::fromValue<quintptr>(data));

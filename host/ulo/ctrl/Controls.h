@@ -144,7 +144,8 @@ private:
     GColorRef color_;
 };
 
-/// Grid of rows with a check box column (column 1) and text columns.
+/// Grid of rows with a check box column (column 1) and text columns. A tap
+/// anywhere in a check cell, or Space on the focused row, toggles its box.
 class CCEMSGridCtrl : public QTableWidget {
     Q_OBJECT
 public:
@@ -159,6 +160,9 @@ public:
     void SetCellText(int row, int column, const QString& text);
     /// Toggles the check box of @p row as a tap on it does.
     void ToggleCheck(int row);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     bool autoAdd_ = true;
