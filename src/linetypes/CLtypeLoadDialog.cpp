@@ -88,6 +88,9 @@ BOOL CLtypeLoadDialog::OnInitDialog() {
     QHeaderView* rowHeader = grid_->verticalHeader();
     rowHeader->setSectionResizeMode(QHeaderView::Fixed);
     rowHeader->setFixedWidth(kRowHeaderWidth * m);
+    // Rows a line of text high, so that a landscape screen shows several.
+    rowHeader->setMinimumSectionSize(1);
+    rowHeader->setDefaultSectionSize(grid_->fontMetrics().height() + 6);
     QHeaderView* columns = grid_->horizontalHeader();
     columns->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     columns->setMinimumSectionSize(0);
