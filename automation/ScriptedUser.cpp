@@ -19,6 +19,7 @@
 #include <QTimer>
 
 #include "ulo/HelpTopic.h"
+#include "ulo/ctrl/Controls.h"
 #include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/MessageBox.h"
 
@@ -430,6 +431,18 @@ QJsonObject ScriptedUser::ControlState(QWidget* c) {
             rows.append(cells);
         }
         o.insert(QStringLiteral("rows"), rows);
+        // The check box of each row (its first cell), for lists that have them.
+        if (model && model->rowCount() > 0 &&
+            model->index(0, 0).data(Qt::CheckStateRole).isValid()) {
+            QJsonArray checked;
+            for (int r = 0; r < model->rowCount(); ++r)
+                checked.append(model->index(r, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked);
+            o.insert(QStringLiteral("checked"), checked);
+        }
+        // A list that marks one row apart from the selection (the current
+        // line type) says which.
+        if (const QVariant marked = view->property("markedRow"); marked.isValid())
+            o.insert(QStringLiteral("marked"), marked.toInt());
         const QModelIndex cur = view->selectionModel() && view->selectionModel()->hasSelection()
                                     ? view->selectionModel()->selectedIndexes().value(0)
                                     : QModelIndex();
@@ -447,6 +460,13 @@ QJsonObject ScriptedUser::ControlState(QWidget* c) {
     } else if (auto* g = qobject_cast<QGroupBox*>(c)) {
         o.insert(QStringLiteral("kind"), QStringLiteral("group"));
         o.insert(QStringLiteral("text"), g->title());
+    } else if (auto* swatch = qobject_cast<CColorStatic*>(c)) {
+        o.insert(QStringLiteral("kind"), QStringLiteral("swatch"));
+        o.insert(QStringLiteral("rgb"), ulo::ColorFromRef(swatch->GetColor()).name());
+        // A swatch of a colour index says which, and the name shown for it.
+        for (const char* name : {"colorIndex", "shownColorIndex", "colorName"})
+            if (const QVariant v = c->property(name); v.isValid())
+                o.insert(QLatin1String(name), QJsonValue::fromVariant(v));
     } else if (auto* l = qobject_cast<QLabel*>(c)) {
         o.insert(QStringLiteral("kind"), QStringLiteral("static"));
         o.insert(QStringLiteral("text"), l->text());

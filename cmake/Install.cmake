@@ -13,7 +13,8 @@ install(TARGETS veld5DlgCE EXPORT veld5DlgCETargets
         INCLUDES DESTINATION include/veld5DlgCE)
 install(FILES src/factory/IVELDDlgFactory.h src/factory/Export.h
         DESTINATION include/veld5DlgCE/factory)
-install(FILES src/linetypes/LtypeLoader.h DESTINATION include/veld5DlgCE/linetypes)
+install(FILES src/linetypes/LtypeLoader.h src/linetypes/LtypePickers.h
+        DESTINATION include/veld5DlgCE/linetypes)
 install(EXPORT veld5DlgCETargets NAMESPACE veld5DlgCE:: DESTINATION ${VELD_CMAKE_INSTALL_DIR})
 
 configure_package_config_file(cmake/veld5DlgCEConfig.cmake.in

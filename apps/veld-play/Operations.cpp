@@ -1,8 +1,8 @@
-// The factory operations veld-play can call: all of them, with their
-// arguments' defaults and out-parameters. An operation whose dialog is not
-// built yet returns at once, as a cancelled dialog would. An operation that
-// works on the drawing takes the CAD instance from c.CAD(), which sets
-// c.error when the host has none.
+// The factory operations veld-play can call (and the library's two line type
+// pickers): all of them, with their arguments' defaults and out-parameters.
+// An operation whose dialog is not built yet returns at once, as a cancelled
+// dialog would. An operation that works on the drawing takes the CAD instance
+// from c.CAD(), which sets c.error when the host has none.
 #include <QJsonArray>
 #include <memory>
 
@@ -12,11 +12,15 @@
 #include "app/view/VELDView.h"
 #include "automation/ScriptedUser.h"
 #include "factory/IVELDDlgFactory.h"
+#include "linetypes/LtypePickers.h"
 #include "ulo/Geom.h"
+#include "veld/Data.h"
 #include "veld/Ent.h"
 #include "veld/EntCollection.h"
 #include "veld/FileReaderPasswordRequest.h"
+#include "veld/HandleObjectVectorCollection.h"
 #include "veld/HatchType.h"
+#include "veld/Ltype.h"
 
 namespace veldplay {
 
@@ -102,6 +106,44 @@ const QMap<QString, Operation>& Operations() {
                  c.Flag(QStringLiteral("logical"), true), chosen);
              c.numbers.insert(QStringLiteral("chosen"), chosen);
              return ok;
+         }},
+        // The two line type pickers are entries of the library of their own
+        // (the layer and line type dialogs run them); the result is the code
+        // the dialog ended with.
+        {QStringLiteral("ShowDlgSelLtype"),
+         [](OperationCall& c) -> QJsonValue {
+             CVELD* cad = c.CAD();
+             if (!cad)
+                 return QJsonValue();
+             veld::CLtype* preset = GetCurLtype(cad);
+             if (const QString name = c.Text(QStringLiteral("preset"), QString());
+                 !name.isEmpty()) {
+                 preset = cad->GetData()->GetLtypeTable().Find(ulo::WString::FromQString(name));
+                 if (!preset) {
+                     c.error = QStringLiteral("the drawing has no line type \"%1\"").arg(name);
+                     return QJsonValue();
+                 }
+             }
+             veld::CLtype* chosen = nullptr;
+             const int r = ShowDlgSelLtype(nullptr, cad, preset, &chosen);
+             c.out.insert(QStringLiteral("chosen"),
+                          chosen ? QJsonValue(chosen->GetName().ToQString()) : QJsonValue());
+             return r;
+         }},
+        {QStringLiteral("ShowDlgLoadLtype"),
+         [](OperationCall& c) -> QJsonValue {
+             CVELD* cad = c.CAD();
+             if (!cad)
+                 return QJsonValue();
+             veld::CHandleObjectVectorCollection created;
+             const int r = ShowDlgLoadLtype(cad, &created);
+             // Reported, not added: adding is the caller's part.
+             QJsonArray names;
+             for (unsigned i = 0; i < created.GetNoElems(); ++i)
+                 names.append(
+                     static_cast<veld::CLtype*>(created.GetObjectNo(i))->GetName().ToQString());
+             c.out.insert(QStringLiteral("created"), names);
+             return r;
          }},
         {QStringLiteral("ShowDlgOptCursor"), onDrawing(&IVELDDlgFactory::ShowDlgOptCursor)},
         {QStringLiteral("ShowDlgAngle"), onDrawingBool(&IVELDDlgFactory::ShowDlgAngle)},

@@ -24,6 +24,9 @@ class CLtype;
 
 class CVELDLtypeList : public QTableView {
     Q_OBJECT
+    /// The row of the marked current line type, or -1 (for tools that read
+    /// the list).
+    Q_PROPERTY(int markedRow READ GetMarkedRow)
 public:
     /// @p cad is the CAD instance the listed line types belong to; the
     /// samples are drawn for it.
@@ -72,6 +75,7 @@ public:
     /// concerned are redrawn.
     void SetCurLtypeMark(veld::CLtype* ltype);
     veld::CLtype* GetCurLtypeMark() const;
+    int GetMarkedRow() const { return FindLtype(GetCurLtypeMark()); }
 
 Q_SIGNALS:
     /// A row lost its selection (also when the row is deleted while

@@ -451,3 +451,68 @@ TEST(VeldPlayCommandLine, DrawingOptions) {
         }
     }
 }
+
+TEST(VeldPlay, PickersReportTheirSwatchListsAndResults) {
+    // The colour swatch through ByLayer, then a pick; a cancelled pick keeps
+    // the result variable.
+    PlayRun run = play(
+        "call ShowDlgColor start=256 byLayer=3\n  read 11195\n  press 11189 0.99 0.5\n"
+        "  read 11195\n  click 11196\nend\n"
+        "call ShowDlgColor start=5 chosen=9\n  press 11187 0.5 0.5\n  click 11197\nend\n");
+    EXPECT_EQ(run.errors, 0) << run.text.toStdString();
+    std::vector<QJsonObject> swatches, returns;
+    for (const QJsonObject& e : run.events) {
+        if (e["event"] == "control")
+            swatches.push_back(e);
+        if (e["event"] == "return")
+            returns.push_back(e);
+    }
+    ASSERT_EQ(swatches.size(), 2u);
+    EXPECT_EQ(swatches[0]["kind"], "swatch");
+    EXPECT_EQ(swatches[0]["colorIndex"], 256);
+    EXPECT_EQ(swatches[0]["shownColorIndex"], 3);
+    EXPECT_EQ(swatches[0]["colorName"], "ByLayer");
+    EXPECT_EQ(swatches[1]["colorIndex"], 255);
+    EXPECT_NE(swatches[1]["rgb"], swatches[0]["rgb"]);
+    ASSERT_EQ(returns.size(), 2u);
+    EXPECT_EQ(returns[0]["result"], true);
+    EXPECT_EQ(returns[0]["chosen"], 255);
+    EXPECT_EQ(returns[1]["result"], false);
+    EXPECT_EQ(returns[1]["chosen"], 9);
+
+    // The selection list marks the preset row; the loading grid reports the
+    // check boxes, and OK names what was made.
+    SampleHost sample;
+    run =
+        play(sample.host,
+             "call ShowDlgSelLtype preset=CENTER\n  read 11203\n  tap 11203 1 0\n"
+             "  click 1163\nend\n"
+             "call ShowDlgLoadLtype\n  check 2000 0\n  check 2000 1\n  read 2000\n  click 1\nend\n"
+             "call ShowDlgSelLtype preset=NOPE\nend\n");
+    EXPECT_EQ(run.errors, 1) << run.text.toStdString();
+    const QJsonObject list = run.First("control");
+    EXPECT_EQ(list["marked"], 3);
+    EXPECT_EQ(list["selected"], 3);
+    EXPECT_EQ(list["rows"].toArray().at(3).toArray().at(0), "CENTER");
+    EXPECT_FALSE(list.contains("checked"));
+    QJsonObject grid;
+    for (const QJsonObject& e : run.events)
+        if (e["id"] == 2000)
+            grid = e;
+    const QJsonArray checked = grid["checked"].toArray();
+    ASSERT_EQ(checked.size(), grid["rows"].toArray().size());
+    ASSERT_GT(checked.size(), 1);
+    EXPECT_EQ(checked.at(0), true);
+    EXPECT_EQ(checked.at(1), true);
+    EXPECT_EQ(checked.at(2), false);
+    std::vector<QJsonObject> results;
+    for (const QJsonObject& e : run.events)
+        if (e["event"] == "return")
+            results.push_back(e);
+    ASSERT_EQ(results.size(), 2u);
+    EXPECT_EQ(results[0]["chosen"], "DASHED");
+    EXPECT_EQ(results[0]["result"], 1);
+    // DASHED, the library's first, is in the drawing already; DASHED2 is new.
+    EXPECT_EQ(results[1]["created"], QJsonArray({"DASHED2"}));
+    expectFields(run, "error", {{"message", "the drawing has no line type \"NOPE\""}});
+}
