@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Renders the pictures README shows: the demo window on the sample drawing and
-# every built dialog in a portrait and a landscape layout, through veld-play.
+# every built dialog in a portrait and a landscape layout (the pickers in all
+# four), through veld-play.
 # Run after a build (BUILD_DIR, default build); writes docs/screenshots/.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -28,6 +29,28 @@ call ShowDlgGetString caption="Point name" text="P101"
 end
 call GetDlgPasswordRequest
   shot "$OUT/password-$layout.png"
+  close
+end
+SCRIPT
+done
+# The pickers in all four layouts, on the sample's line types and the default
+# library (which holds text line types).
+for layout in 0 1 2 3; do
+  cat >>"$script" <<SCRIPT
+layout $layout
+call ShowDlgColor start=256 byLayer=3
+  press 11192 0.3 0.5
+  shot "$OUT/color-$layout.png"
+  close
+end
+call ShowDlgSelLtype preset=GAS_LINE
+  shot "$OUT/sel-ltype-$layout.png"
+  close
+end
+call ShowDlgLoadLtype
+  check 2000 1
+  key 2000 Down
+  shot "$OUT/load-ltype-$layout.png"
   close
 end
 SCRIPT

@@ -1,11 +1,17 @@
 #include "DemoOperations.h"
 
+#include <QStringList>
+#include <functional>
 #include <memory>
 
+#include "app/ChangeEntitiesCmdExecuted.h"
 #include "app/InsertEntsCmdExecuted.h"
+#include "app/PropLayerLtypeCmdExecuted.h"
 #include "app/VELD.h"
 #include "app/view/VELDView.h"
 #include "factory/IVELDDlgFactory.h"
+#include "veld/Colors.h"
+#include "veld/Data.h"
 #include "veld/EntCollection.h"
 #include "veld/FileReaderPasswordRequest.h"
 #include "veld/HatchType.h"
@@ -21,6 +27,24 @@ QString point(const ulo::geom::PNT_3D& p) {
         .arg(p.x, 0, 'f', 3)
         .arg(p.y, 0, 'f', 3)
         .arg(p.z, 0, 'f', 3);
+}
+
+/// Changes every selected entity with @p change, as one command that Undo
+/// reverses; returns how many there were.
+unsigned changeSelection(CVELD& cad, const std::function<void(veld::CEnt&)>& change) {
+    const veld::CEntCollection& sel = cad.GetSelection();
+    if (sel.GetNoEnts() == 0)
+        return 0;
+    auto* command = new CChangeEntitiesCmdExecuted(&cad);
+    for (unsigned i = 0; i < sel.GetNoEnts(); ++i) {
+        veld::CEnt* ent = sel.GetEnt(i);
+        ulo::IMemento* before = ent->CreateMemento();
+        change(*ent);
+        command->add(ent, before);
+        ReflectEntModified(&cad, ent);
+    }
+    cad.AddChange(command);
+    return sel.GetNoEnts();
 }
 
 }  // namespace
@@ -76,11 +100,81 @@ const std::vector<DemoOperation>& DemoOperations() {
              return QStringLiteral("current style %1")
                  .arg(GetCurStyle(c.cad)->GetName().ToQString());
          }},
-        {"ShowDlgColor", "Colour...", false,
+        {"ShowDlgColor", "Colour...", true,
          [](DemoContext& c) {
-             short chosen = 1;
-             const bool ok = c.factory->ShowDlgColor(c.parent, c.cad, 1, 256, 0, true, chosen);
-             return QStringLiteral("colour %1: %2").arg(yesNo(ok)).arg(chosen);
+             // The colour of the selected entities (-1 when they differ),
+             // ByLayer when none is selected; a pick is given to them.
+             const veld::CEntCollection& sel = c.cad->GetSelection();
+             short start = sel.GetNoEnts() > 0 ? sel.GetEnt(0)->GetColor() : 256;
+             short layerColour = sel.GetNoEnts() > 0 && sel.GetEnt(0)->GetLayer()
+                                     ? short(sel.GetEnt(0)->GetLayer()->GetColor())
+                                     : short(7);
+             for (unsigned i = 1; i < sel.GetNoEnts(); ++i) {
+                 if (sel.GetEnt(i)->GetColor() != start)
+                     start = -1;
+                 if (sel.GetEnt(i)->GetLayer() &&
+                     sel.GetEnt(i)->GetLayer()->GetColor() != layerColour)
+                     layerColour = 250;
+             }
+             short chosen = start;
+             if (!c.factory->ShowDlgColor(c.parent, c.cad, start, layerColour, 7, true, chosen))
+                 return QStringLiteral("colour cancelled");
+             const QString named = QStringLiteral("colour %1 (%2)")
+                                       .arg(chosen)
+                                       .arg(veld::CColors::GetInstance()[chosen].ToQString());
+             const unsigned changed =
+                 changeSelection(*c.cad, [chosen](veld::CEnt& e) { e.SetColor(chosen); });
+             return changed ? QStringLiteral("%1 given to %2 entities").arg(named).arg(changed)
+                            : named + QStringLiteral(" chosen (select entities to colour them)");
+         }},
+        {"ShowDlgSelLtype", "Line type of selection...", true,
+         [](DemoContext& c) {
+             if (!c.selLtype)
+                 return QStringLiteral("the library has no line type selection");
+             // Preset: the line type of the selected entities when they share
+             // one, else the drawing's current line type.
+             const veld::CEntCollection& sel = c.cad->GetSelection();
+             veld::CLtype* preset = sel.GetNoEnts() > 0 ? sel.GetEnt(0)->GetLtype() : nullptr;
+             for (unsigned i = 1; i < sel.GetNoEnts(); ++i)
+                 if (sel.GetEnt(i)->GetLtype() != preset)
+                     preset = nullptr;
+             if (!preset)
+                 preset = GetCurLtype(c.cad);
+             veld::CLtype* chosen = nullptr;
+             if (c.selLtype(c.parent, c.cad, preset, &chosen) != 1 || !chosen)
+                 return QStringLiteral("line type: nothing chosen");
+             const unsigned changed =
+                 changeSelection(*c.cad, [chosen](veld::CEnt& e) { e.SetLtype(chosen); });
+             return QStringLiteral("line type %1 given to %2 entities")
+                 .arg(chosen->GetName().ToQString())
+                 .arg(changed);
+         }},
+        {"ShowDlgLoadLtype", "Load line types...", true,
+         [](DemoContext& c) {
+             if (!c.loadLtype)
+                 return QStringLiteral("the library has no line type loading");
+             veld::CHandleObjectVectorCollection created;
+             if (c.loadLtype(c.cad, &created) != 1)
+                 return QStringLiteral("line types: cancelled");
+             if (created.GetNoElems() == 0)
+                 return QStringLiteral("no new line types");
+             // Into the drawing's table, as one command that Undo takes out.
+             veld::CLtypeTable& table = c.cad->GetData()->GetLtypeTable();
+             veld::CHandleObjectVectorCollection added, none;
+             QStringList names;
+             for (unsigned i = 0; i < created.GetNoElems(); ++i) {
+                 auto* ltype = static_cast<veld::CLtype*>(created.GetObjectNo(i));
+                 if (table.Add(ltype)) {
+                     added.Add(ltype);
+                     names << ltype->GetName().ToQString();
+                 }
+             }
+             c.cad->AddChange(
+                 new CPropLayerLtypeCmdExecuted(c.cad, GetCurLayer(c.cad), GetCurLtype(c.cad),
+                                                GetLtypeScale(c.cad), none, none, added, none));
+             return QStringLiteral("%1 line types added: %2")
+                 .arg(added.GetNoElems())
+                 .arg(names.join(QStringLiteral(", ")));
          }},
         {"ShowDlgOptCursor", "Cursor...", false,
          [](DemoContext& c) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <vector>
 
+#include "linetypes/LtypePickers.h"
 #include "ulo/Geom.h"
 
 class CVELD;
@@ -20,10 +21,13 @@ struct DemoContext {
     CVELDView* view;
     QWidget* parent;
     ulo::geom::PNT_3D point;  ///< where the pointer last was in the view
+    /// The library's line type pickers (null when it lacks them).
+    ShowDlgSelLtypeFn selLtype = nullptr;
+    ShowDlgLoadLtypeFn loadLtype = nullptr;
 };
 
 struct DemoOperation {
-    const char* name;   ///< the factory's operation name
+    const char* name;   ///< the factory's operation name (or the library entry's)
     const char* label;  ///< menu text
     bool built;
     std::function<QString(DemoContext&)> run;

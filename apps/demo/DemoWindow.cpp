@@ -118,6 +118,8 @@ bool DemoWindow::LoadLibrary(const QString& path) {
     }
     auto create = reinterpret_cast<CreateFactoryFn>(library->resolve("CreateFactory"));
     factory_ = create ? create() : nullptr;
+    selLtype_ = reinterpret_cast<ShowDlgSelLtypeFn>(library->resolve("ShowDlgSelLtype"));
+    loadLtype_ = reinterpret_cast<ShowDlgLoadLtypeFn>(library->resolve("ShowDlgLoadLtype"));
     if (!factory_) {
         QMessageBox::critical(this, QStringLiteral("veld demo"),
                               QStringLiteral("%1 has no CreateFactory.").arg(path));
@@ -303,7 +305,7 @@ void DemoWindow::BuildMenus() {
         a->setEnabled(usable);
         a->setToolTip(op.built ? QString::fromLatin1(op.name) : QStringLiteral("not yet built"));
         connect(a, &QAction::triggered, this, [this, &op] {
-            DemoContext context{factory_, &cad_, view_, this, tapped_};
+            DemoContext context{factory_, &cad_, view_, this, tapped_, selLtype_, loadLtype_};
             const QString result = op.run(context);
             Log(QStringLiteral("%1: %2").arg(QString::fromLatin1(op.name), result));
             view_->Redraw();  // a grid edited in place comes without a notification

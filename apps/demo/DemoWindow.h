@@ -9,6 +9,7 @@
 
 #include "app/VELD.h"
 #include "factory/IVELDDlgFactory.h"
+#include "linetypes/LtypePickers.h"
 
 class CVELDView;
 class LauncherListener;
@@ -51,6 +52,8 @@ private:
     CVELD cad_;
     CVELDView* view_ = nullptr;
     IVELDDlgFactory* factory_ = nullptr;
+    ShowDlgSelLtypeFn selLtype_ = nullptr;
+    ShowDlgLoadLtypeFn loadLtype_ = nullptr;
     LauncherListener* launcher_ = nullptr;
     QPlainTextEdit* log_ = nullptr;
     QLabel* moduleState_ = nullptr;

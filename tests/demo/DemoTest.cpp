@@ -16,6 +16,7 @@
 #include <QTest>
 #include <QTimer>
 #include <cstring>
+#include <functional>
 #include <vector>
 
 #include "DemoWindow.h"
@@ -26,6 +27,7 @@
 #include "app/view/VELDView.h"
 #include "automation/ScriptedUser.h"
 #include "ulo/ctrl/Win.h"
+#include "veld/Data.h"
 #include "veld/EntCollection.h"
 #include "veld/SealedFile.h"
 
@@ -137,6 +139,53 @@ TEST_F(DemoFixture, UndoAndRedoFromTheMenuChangeTheDrawing) {
     redo->trigger();
     EXPECT_EQ(cad.GetData()->GetEntTable().GetNoEnts(), count + 1);
     EXPECT_FALSE(redo->isEnabled());
+}
+
+// Each picker's menu entry changes the drawing through one command that the
+// Edit menu undoes and redoes: a colour and a line type given to the selected
+// entities, line types loaded into the table.
+TEST_F(DemoFixture, PickersChangeTheSelectionOrTheTablesUndoably) {
+    CVELD& cad = window.GetCAD();
+    veld::CEnt* tree = nullptr;
+    QTest::mouseClick(window.GetView(), Qt::LeftButton, {}, pointOn(window, L"TREES", &tree));
+    ASSERT_NE(tree, nullptr);
+    ASSERT_EQ(GetSelectedEntCollection(&cad).GetNoEnts(), 1u);
+    const auto colour = [&] { return QString::number(tree->GetColor()); };
+    const auto ltype = [&] { return QString::fromStdWString(tree->GetLtype()->GetName().str()); };
+    const auto ltypes = [&] {
+        return QString::number(cad.GetData()->GetLtypeTable().GetNoItems());
+    };
+    const struct {
+        const char* entry;
+        std::function<void(automation::ScriptedUser&)> steps;
+        std::function<QString()> state;
+        QString after;
+    } cases[] = {
+        // The third standard colour is green (3).
+        {"ShowDlgColor", [](auto& u) { u.Press(11187, 0.25, 0.5).Click(11196); }, colour,
+         QStringLiteral("3")},
+        // Row 1 of the sample's list is DASHED.
+        {"ShowDlgSelLtype", [](auto& u) { u.Tap(11203, 1, 0).Click(1163); }, ltype,
+         QStringLiteral("DASHED")},
+        // The library's second definition, DASHED2, is new to the drawing.
+        {"ShowDlgLoadLtype", [](auto& u) { u.CheckRow(2000, 1).Click(1); }, ltypes, QString()},
+    };
+    for (const auto& c : cases) {
+        const QString before = c.state();
+        const QString after = c.after.isEmpty() ? QString::number(before.toInt() + 1) : c.after;
+        ASSERT_NE(before, after) << c.entry;
+        automation::ScriptedUser user;
+        c.steps(user);
+        QAction* entry = action(window, QString::fromLatin1(c.entry));
+        ASSERT_TRUE(entry && entry->isEnabled()) << c.entry;
+        entry->trigger();
+        EXPECT_TRUE(user.Finished()) << c.entry << user.Report().toStdString();
+        EXPECT_EQ(c.state(), after) << c.entry;
+        action(window, QStringLiteral("Undo"))->trigger();
+        EXPECT_EQ(c.state(), before) << c.entry;
+        action(window, QStringLiteral("Redo"))->trigger();
+        EXPECT_EQ(c.state(), after) << c.entry;
+    }
 }
 
 TEST_F(DemoFixture, SavedDrawingsOpenAgainTheSamePlainAndSealed) {
