@@ -337,6 +337,10 @@ ScriptedUser& ScriptedUser::AnswerFile(const QString& path) {
             {QStringLiteral("folder"), dialog->directory().absolutePath()},
             {QStringLiteral("filters"), dialog->nameFilters().join(QStringLiteral(";;"))},
             {QStringLiteral("answer"), path}});
+        // The dialog leaves its file name field alone while the field has
+        // the focus (so as not to overwrite typing): take it away first.
+        if (QWidget* focus = dialog->focusWidget())
+            focus->clearFocus();
         dialog->selectFile(path);
         QMetaObject::invokeMethod(dialog, "accept");
         return {};

@@ -1,6 +1,7 @@
 // The operations' scope objects restore what they changed on every exit path.
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <stdexcept>
 
@@ -34,7 +35,15 @@ TEST(ScriptedUser, AnswersFileDialogsAndHearsBeeps) {
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.close();
     automation::ScriptedUser user;
-    user.AnswerFile(lin).CancelFile();
+    // A look at the dialog first leaves the focus in its file name field,
+    // which the answer must still reach.
+    user.Inspect([](QWidget* w) {
+            w->activateWindow();
+            if (auto* name = w->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+                name->setFocus();
+        })
+        .AnswerFile(lin)
+        .CancelFile();
     ulo::WString path;
     EXPECT_TRUE(ulo::GetOpenFileName(nullptr, L"Open", L"Linetype|*.lin",
                                      ulo::WString::FromQString(dir.path()), path));
