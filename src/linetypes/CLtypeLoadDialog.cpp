@@ -71,13 +71,6 @@ BOOL CLtypeLoadDialog::OnInitDialog() {
     GetDlgItem<CColButton>(ulo::IDCANCEL)->SetBtnColor(0, 2);
     GetDlgItem<CColButton>(kIdFile)->SetBtnColor(2, 2);
 
-    if (!grid_) {
-        // A template without the grid's own entry: the grid still takes the
-        // placeholder's place, after the path in the tab order.
-        grid_ = std::make_unique<CCEMSGridCtrl>(0, 3, this);
-        if (QWidget* path = GetDlgItem(kIdPath))
-            setTabOrder(path, grid_.get());
-    }
     if (QWidget* placeholder = GetDlgItem(kIdPlaceholder))
         grid_->setGeometry(placeholder->geometry());
     grid_->SetAutoAddRows(false);
