@@ -10,12 +10,14 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <map>
 #include <memory>
 #include <set>
 
+#include "JsonScan.h"
 #include "MouseCursorInfo.h"
 #include "VELD.h"
 #include "veld/SealedFile.h"
@@ -249,31 +251,64 @@ struct Refusal {
     QString what;
 };
 
-/// A value of the document and where it stands.
+/// A value of the document and where it stands. Values are read where they
+/// stand in the checked bytes; the place ("layers[2].ltype") is only spelt
+/// out for a refusal, from the values this one was reached through, which
+/// outlive it.
 class In {
 public:
-    In(QJsonValue v, QString where) : v_(std::move(v)), where_(std::move(where)) {}
+    /// The document's top value.
+    explicit In(const char* v) : v_(v) {}
 
     In operator[](const char* key) const {
-        if (!v_.isObject())
+        if (jsonscan::KindOf(v_) != jsonscan::Kind::Object)
             Fail("expected an object");
-        return In(v_.toObject().value(QLatin1String(key)),
-                  where_.isEmpty() ? QString::fromLatin1(key) : where_ + '.' + key);
+        IndexMembers();
+        const std::string_view k(key);
+        const char* found = nullptr;
+        if (members_ <= kMembers) {
+            // A key given twice counts once, with its last value.
+            for (int i = members_ - 1; i >= 0 && !found; --i)
+                if (jsonscan::Equals(member_[i].key, k))
+                    found = member_[i].value;
+        } else {
+            jsonscan::Members m(v_);
+            for (const char *name, *value; m.Next(name, value);)
+                if (jsonscan::Equals(name, k))
+                    found = value;
+        }
+        return In(found, this, key, -1);
     }
+    /// The element at @p i (missing past the end); cheapest in order.
     In At(qsizetype i) const {
-        return In(v_.toArray().at(i), where_ + '[' + QString::number(i) + ']');
+        if (jsonscan::KindOf(v_) != jsonscan::Kind::Array)
+            return In(nullptr, this, nullptr, i);
+        if (i < atIndex_ || atIndex_ < 0) {
+            elements_ = jsonscan::Elements(v_);
+            atIndex_ = -1;
+        }
+        while (atIndex_ < i && (at_ = elements_.Next()))
+            ++atIndex_;
+        if (!at_)
+            atIndex_ = -1;
+        return In(atIndex_ == i ? at_ : nullptr, this, nullptr, i);
     }
     qsizetype Size() const {
-        if (!v_.isArray())
+        if (jsonscan::KindOf(v_) != jsonscan::Kind::Array)
             Fail("expected a list");
-        return v_.toArray().size();
+        if (size_ < 0) {
+            size_ = 0;
+            for (jsonscan::Elements e(v_); e.Next();)
+                ++size_;
+        }
+        return size_;
     }
-    bool IsObject() const { return v_.isObject(); }
-    bool IsNull() const { return v_.isNull(); }
+    bool IsObject() const { return jsonscan::KindOf(v_) == jsonscan::Kind::Object; }
+    bool IsNull() const { return jsonscan::KindOf(v_) == jsonscan::Kind::Null; }
     double Number(double lo = -1e100, double hi = 1e100) const {
-        if (!v_.isDouble())
+        if (jsonscan::KindOf(v_) != jsonscan::Kind::Number)
             Fail("expected a number");
-        const double d = v_.toDouble();
+        const double d = jsonscan::ToNumber(v_);
         if (!std::isfinite(d) || d < lo || d > hi)
             Fail(QStringLiteral("%1 is out of range (%2 to %3)").arg(d).arg(lo).arg(hi));
         return d;
@@ -285,18 +320,33 @@ public:
         return static_cast<qint64>(d);
     }
     bool Bool() const {
-        if (!v_.isBool())
+        if (jsonscan::KindOf(v_) != jsonscan::Kind::Bool)
             Fail("expected true or false");
-        return v_.toBool();
+        return jsonscan::ToBool(v_);
     }
     QString Text() const {
-        if (!v_.isString())
+        if (jsonscan::KindOf(v_) != jsonscan::Kind::String)
             Fail("expected a text");
-        return v_.toString();
+        return jsonscan::ToString(v_);
+    }
+    /// The text as the model keeps names and strings.
+    ulo::WString WText() const {
+        if (jsonscan::KindOf(v_) != jsonscan::Kind::String)
+            Fail("expected a text");
+        return ulo::WString(jsonscan::ToWString(v_));
     }
     QString Name() const {
         const QString s = Text();
         if (s.trimmed().isEmpty())
+            Fail("a name may not be empty");
+        return s;
+    }
+    /// Name() as the model keeps names.
+    ulo::WString WName() const {
+        ulo::WString s = WText();
+        if (std::all_of(s.str().begin(), s.str().end(), [](wchar_t c) {
+                return c <= 0xFFFF && QChar(static_cast<char16_t>(c)).isSpace();
+            }))
             Fail("a name may not be empty");
         return s;
     }
@@ -316,11 +366,50 @@ public:
             Fail("expected a point [x, y, z]");
         return {At(0).Number(), At(1).Number(), At(2).Number()};
     }
-    [[noreturn]] void Fail(const QString& what) const { throw Refusal{where_, what}; }
+    [[noreturn]] void Fail(const QString& what) const { throw Refusal{Where(), what}; }
 
 private:
-    QJsonValue v_;
-    QString where_;
+    In(const char* v, const In* parent, const char* key, qsizetype index)
+        : v_(v), parent_(parent), key_(key), index_(index) {}
+
+    QString Where() const {
+        if (!parent_)
+            return QString();
+        const QString up = parent_->Where();
+        if (!key_)
+            return up + '[' + QString::number(index_) + ']';
+        return up.isEmpty() ? QString::fromLatin1(key_) : up + '.' + key_;
+    }
+    /// Notes where the members of an object stand, once: an entity is asked
+    /// for each of its members in turn.
+    void IndexMembers() const {
+        if (members_ >= 0)
+            return;
+        members_ = 0;
+        jsonscan::Members m(v_);
+        for (const char *name, *value; m.Next(name, value) && members_ <= kMembers;) {
+            if (members_ < kMembers)
+                member_[members_] = {name, value};
+            ++members_;
+        }
+    }
+
+    static constexpr int kMembers = 16;
+    struct Member {
+        const char* key;
+        const char* value;
+    };
+
+    const char* v_;  // null: missing
+    const In* parent_ = nullptr;
+    const char* key_ = nullptr;  // null: an element of a list
+    qsizetype index_ = -1;
+    mutable int members_ = -1;  // above kMembers: too many to note
+    mutable Member member_[kMembers];
+    mutable qsizetype size_ = -1;
+    mutable jsonscan::Elements elements_{"[]"};
+    mutable const char* at_ = nullptr;
+    mutable qsizetype atIndex_ = -1;
 };
 
 /// Everything read, held apart from the CAD instance until all of it checked.
@@ -340,33 +429,27 @@ struct Parsed {
     std::vector<std::unique_ptr<CVELDImage>> images;
 };
 
-/// Empties a table of a new drawing, keeping its items by name so that the
-/// file's items of those names take them over (the drawing's own ByBlock,
-/// ByLayer, Continuous, layer 0 and standard style stay the same objects).
+/// Empties a table of a new drawing, keeping its items so that the file's
+/// items of those names take them over (the drawing's own ByBlock, ByLayer,
+/// Continuous, layer 0 and standard style stay the same objects).
 template <class T>
-std::map<QString, ulo::RefPtr<T>> takeDefaults(veld::ITable<T>& table) {
-    std::map<QString, ulo::RefPtr<T>> kept;
+std::vector<ulo::RefPtr<T>> takeDefaults(veld::ITable<T>& table) {
+    std::vector<ulo::RefPtr<T>> kept;
     while (table.GetNoItems() > 0) {
         T* item = table.GetNo(0);
-        kept[q(item->GetName()).toUpper()] = ulo::RefPtr<T>::Share(item);
+        kept.push_back(ulo::RefPtr<T>::Share(item));
         table.Remove(item);
     }
     return kept;
 }
 
-template <class T>
-void checkUnique(veld::ITable<T>& table, const QString& name, const In& where) {
-    if (table.Find(w(name)))
-        where.Fail(QStringLiteral("\"%1\" appears twice").arg(name));
-}
-
 /// The item of @p table named by the text at @p in.
 template <class T>
 T* findItem(const veld::ITable<T>& table, const In& in, const char* what) {
-    const QString name = in.Text();
-    T* item = table.Find(w(name));
+    const ulo::WString name = in.WText();
+    T* item = table.Find(name);
     if (!item)
-        in.Fail(QStringLiteral("no %1 \"%2\"").arg(QLatin1String(what), name));
+        in.Fail(QStringLiteral("no %1 \"%2\"").arg(QLatin1String(what), q(name)));
     return item;
 }
 veld::CStyle* findStyle(veld::CData& data, const In& in) {
@@ -392,15 +475,21 @@ unsigned flags(const In& in) {
 template <class Entry, class T>
 void readTable(veld::CData& data, veld::ITable<T>& table, const In& list) {
     auto kept = takeDefaults(table);
+    table.Reserve(static_cast<std::size_t>(list.Size()));
     for (qsizetype i = 0; i < list.Size(); ++i) {
         const In in = list.At(i);
-        const QString name = in["name"].Name();
-        checkUnique(table, name, in["name"]);
+        const In nameIn = in["name"];
+        const ulo::WString name = nameIn.WName();
+        if (table.Find(name))
+            nameIn.Fail(QStringLiteral("\"%1\" appears twice").arg(q(name)));
         Entry entry = Entry::Read(data, in);
         ulo::RefPtr<T> item;
-        if (auto it = kept.find(name.toUpper()); it != kept.end()) {
-            item = it->second;
-            item->SetName(w(name));
+        const auto old = std::find_if(kept.begin(), kept.end(), [&](const ulo::RefPtr<T>& k) {
+            return k->GetName().CompareIgnoreCase(name) == 0;
+        });
+        if (old != kept.end()) {
+            item = *old;
+            item->SetName(name);
             entry.TakeOver(*item, name);
         } else {
             item = ulo::RefPtr<T>::Adopt(entry.Create(data, name));
@@ -421,9 +510,9 @@ struct StyleEntry {
             s["font"].Fail(QStringLiteral("no font \"%1\"").arg(fontName));
         return {font};
     }
-    void TakeOver(veld::CStyle& style, const QString&) const { style.SetFont(font); }
-    veld::CStyle* Create(veld::CData& data, const QString& name) const {
-        return data.GetObjectFactory()->CreateStyle(w(name), font, 0, 1, 0, 0, 0, 0);
+    void TakeOver(veld::CStyle& style, const ulo::WString&) const { style.SetFont(font); }
+    veld::CStyle* Create(veld::CData& data, const ulo::WString& name) const {
+        return data.GetObjectFactory()->CreateStyle(name, font, 0, 1, 0, 0, 0, 0);
     }
     void Finish(veld::CStyle& style, const In& s) const {
         style.SetFixedHeight(s["fixedHeight"].Number(0, 1e100));
@@ -457,11 +546,11 @@ struct LtypeEntry {
         entry.desc = t["desc"].Text();
         return entry;
     }
-    void TakeOver(veld::CLtype& ltype, const QString& name) {
-        ltype.Copy(veld::CLtype(w(name), w(desc), std::move(seq), 0));
+    void TakeOver(veld::CLtype& ltype, const ulo::WString& name) {
+        ltype.Copy(veld::CLtype(name, w(desc), std::move(seq), 0));
     }
-    veld::CLtype* Create(veld::CData& data, const QString& name) {
-        return data.GetObjectFactory()->CreateLtype(w(name), w(desc), std::move(seq), 0, 0);
+    veld::CLtype* Create(veld::CData& data, const ulo::WString& name) {
+        return data.GetObjectFactory()->CreateLtype(name, w(desc), std::move(seq), 0, 0);
     }
     void Finish(veld::CLtype&, const In&) const {}
 };
@@ -485,13 +574,13 @@ struct LayerEntry {
             widthIn.Fail(QStringLiteral("%1 is not a standard line width").arg(width));
         return {ltype, colour, static_cast<veld::enumLineWidth>(width)};
     }
-    void TakeOver(veld::CLayer& layer, const QString&) const {
+    void TakeOver(veld::CLayer& layer, const ulo::WString&) const {
         layer.SetLtype(ltype);
         layer.SetColor(colour);
         layer.SetLineWidth(width);
     }
-    veld::CLayer* Create(veld::CData& data, const QString& name) const {
-        return data.GetObjectFactory()->CreateLayer(w(name), ltype, colour, width, 0, 0);
+    veld::CLayer* Create(veld::CData& data, const ulo::WString& name) const {
+        return data.GetObjectFactory()->CreateLayer(name, ltype, colour, width, 0, 0);
     }
     void Finish(veld::CLayer&, const In&) const {}
 };
@@ -733,17 +822,16 @@ QByteArray Dump(const CVELD& cad) {
 }
 
 bool Read(CVELD& cad, const QByteArray& json, QString& error) {
-    QJsonParseError parse{};
-    const QJsonDocument doc = QJsonDocument::fromJson(json, &parse);
-    if (parse.error != QJsonParseError::NoError) {
-        error = QStringLiteral("not a drawing file: %1 at byte %2")
-                    .arg(parse.errorString())
-                    .arg(parse.offset);
+    QString fault;
+    qsizetype at = 0;
+    if (!jsonscan::Check(std::string_view(json.constData(), static_cast<size_t>(json.size())),
+                         fault, at)) {
+        error = QStringLiteral("not a drawing file: %1 at byte %2").arg(fault).arg(at);
         return false;
     }
     Parsed p;
     try {
-        const In root(doc.isObject() ? QJsonValue(doc.object()) : QJsonValue(), QString());
+        const In root(jsonscan::Blanks(json.constData()));
         if (!root.IsObject())
             root.Fail("expected an object");
         if (root["format"].Text() != QLatin1String(kFormat))

@@ -40,9 +40,9 @@ void BuildLargeDrawing(CVELD& cad, const LargeDrawingSize& size) {
     layers.reserve(size.layers + 1);
     for (unsigned i = 1; i <= size.layers; ++i) {
         veld::CLtype* lt = i % 5 == 0 ? dashed[i % dashed.size()] : ltypes.GetLtypeContinuous();
-        veld::CLayer* l = make->CreateLayer(numbered(L"L", i), lt,
-                                            static_cast<unsigned short>(1 + i % 255),
-                                            veld::kLineWidthDefault, 0, 0);
+        veld::CLayer* l =
+            make->CreateLayer(numbered(L"L", i), lt, static_cast<unsigned short>(1 + i % 255),
+                              veld::kLineWidthDefault, 0, 0);
         data->GetLayerTable().Add(l);
         l->SubReference();
         layers.push_back(l);
@@ -64,27 +64,29 @@ void BuildLargeDrawing(CVELD& cad, const LargeDrawingSize& size) {
         const PNT_3D next{at.x + step(rng), at.y + step(rng), 0.0};
         veld::CEnt* e = nullptr;
         switch (i % 8) {
-        case 0:
-        case 1:
-        case 2:
-            e = new veld::CEntLine(at, next, layer, byLayer, 256, plan);
-            break;
-        case 3:
-            e = new veld::CEntPolyline({at, next, {next.x + step(rng), next.y, 0.0}}, i % 16 == 3,
-                                       layer, byLayer, 256, plan);
-            break;
-        case 4:
-            e = new veld::CEntCircle(at, 0.5 + std::abs(step(rng)) / 4, layer, byLayer, 256, plan);
-            break;
-        case 5:
-        case 6:
-            e = new veld::CEntPoint({at.x, at.y, 100.0 + step(rng)}, layer, byLayer, 256, survey);
-            break;
-        default:
-            e = new veld::CEntText(
-                veld::TEXT_3D(std::to_wstring(1000 + i), standard, 1.2, 0.0, 1.0, 0.0, at, 0, 0),
-                layer, byLayer, 256, survey);
-            break;
+            case 0:
+            case 1:
+            case 2:
+                e = new veld::CEntLine(at, next, layer, byLayer, 256, plan);
+                break;
+            case 3:
+                e = new veld::CEntPolyline({at, next, {next.x + step(rng), next.y, 0.0}},
+                                           i % 16 == 3, layer, byLayer, 256, plan);
+                break;
+            case 4:
+                e = new veld::CEntCircle(at, 0.5 + std::abs(step(rng)) / 4, layer, byLayer, 256,
+                                         plan);
+                break;
+            case 5:
+            case 6:
+                e = new veld::CEntPoint({at.x, at.y, 100.0 + step(rng)}, layer, byLayer, 256,
+                                        survey);
+                break;
+            default:
+                e = new veld::CEntText(veld::TEXT_3D(std::to_wstring(1000 + i), standard, 1.2, 0.0,
+                                                     1.0, 0.0, at, 0, 0),
+                                       layer, byLayer, 256, survey);
+                break;
         }
         ents.Add(e);
         e->SubReference();

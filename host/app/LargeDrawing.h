@@ -5,10 +5,10 @@
 class CVELD;
 
 struct LargeDrawingSize {
-    unsigned layers = 1000;    ///< besides layer 0
+    unsigned layers = 1000;  ///< besides layer 0
     unsigned entities = 10000;
     unsigned seed = 1;
-    double side = 10000.0;     ///< the plot's side in drawing units
+    double side = 10000.0;  ///< the plot's side in drawing units
 };
 
 /// Replaces the drawing of @p cad with a large one: a few dashed line types,

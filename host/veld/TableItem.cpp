@@ -1,8 +1,19 @@
 #include "TableItem.h"
 
 #include "Data.h"
+#include "Tables.h"
 
 namespace veld {
+
+void ITableItem::SetName(const ulo::WString& name) {
+    if (name == name_)
+        return;
+    if (table_)
+        table_->Unindex(this);
+    name_ = name;
+    if (table_)
+        table_->Index(this);
+}
 
 bool ITableItem::IsXRef() const {
     return name_.str().find(L'|') != std::wstring::npos;

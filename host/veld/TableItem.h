@@ -12,11 +12,13 @@
 namespace veld {
 
 class CData;
+class CTableImp;
 
 class ITableItem : public ulo::IHandledRefCounter, public ulo::IMementable {
 public:
     const ulo::WString& GetName() const { return name_; }
-    void SetName(const ulo::WString& name) { name_ = name; }
+    /// Renames the item; the table holding it finds it by the new name.
+    void SetName(const ulo::WString& name);
     ulo::WString GetFullName() const { return name_; }
     unsigned GetFlags() const { return flags_; }
     void SetFlags(unsigned flags) { flags_ = flags; }
@@ -42,9 +44,12 @@ protected:
     ITableItem(ulo::WString name, unsigned flags) : name_(std::move(name)), flags_(flags) {}
 
 private:
+    friend class CTableImp;
     ulo::WString name_;
     unsigned flags_;
     CData* data_ = nullptr;
+    CTableImp* table_ = nullptr;  // the table holding the item
+    unsigned long order_ = 0;     // when it entered that table
 };
 
 /// A table item whose memento holds its name, its flags and its own state

@@ -1,47 +1,105 @@
 #include "Tables.h"
 
 #include <algorithm>
+#include <cwctype>
 
 #include "Data.h"
 
 namespace veld {
 
+namespace {
+
+wchar_t fold(wchar_t c) {
+    return static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(c)));
+}
+
+/// @p name with every character as WString::CompareIgnoreCase compares it:
+/// two names match ignoring case exactly when their keys are equal.
+std::wstring folded(const ulo::WString& name) {
+    std::wstring key = name.str();
+    for (wchar_t& c : key)
+        c = fold(c);
+    return key;
+}
+
+}  // namespace
+
 CTableImp::~CTableImp() {
     for (ITableItem* item : items_) {
+        item->table_ = nullptr;
         item->SetData(nullptr);
         item->SubReference();
     }
 }
 
 bool CTableImp::Add(ITableItem* item) {
-    if (!item || Contains(item))
+    if (!item || item->table_)
         return false;
     item->AddReference();
     item->SetData(data_);
+    item->table_ = this;
+    item->order_ = nextOrder_++;
     items_.push_back(item);
+    Index(item);
     Changed();
     return true;
 }
 
 bool CTableImp::Remove(ITableItem* item) {
-    const auto it = std::find(items_.begin(), items_.end(), item);
-    if (it == items_.end())
+    if (!Contains(item))
         return false;
-    items_.erase(it);
+    Unindex(item);
+    items_.erase(std::find(items_.begin(), items_.end(), item));
+    item->table_ = nullptr;
     Changed();
     item->SubReference();
     return true;
 }
 
-ITableItem* CTableImp::FindItem(const ulo::WString& name) const {
-    for (ITableItem* item : items_)
-        if (item->GetName().CompareIgnoreCase(name) == 0)
-            return item;
-    return nullptr;
+void CTableImp::Reserve(std::size_t n) {
+    items_.reserve(n);
+    byName_.reserve(n);
 }
 
-bool CTableImp::Contains(const ITableItem* item) const {
-    return std::find(items_.begin(), items_.end(), item) != items_.end();
+ITableItem* CTableImp::FindItem(const ulo::WString& name) const {
+    // Most names are short: fold them on the stack.
+    wchar_t buffer[64] = {};
+    const std::wstring& text = name.str();
+    if (text.size() > std::size(buffer)) {
+        const auto it = byName_.find(folded(name));
+        return it == byName_.end() ? nullptr : it->second.first;
+    }
+    for (std::size_t i = 0; i < text.size(); ++i)
+        buffer[i] = fold(text[i]);
+    const auto it = byName_.find(std::wstring_view(buffer, text.size()));
+    return it == byName_.end() ? nullptr : it->second.first;
+}
+
+void CTableImp::Index(ITableItem* item) {
+    auto [it, added] = byName_.try_emplace(folded(item->GetName()), Named{item, 0});
+    Named& named = it->second;
+    ++named.count;
+    if (!added && item->order_ < named.first->order_)
+        named.first = item;
+}
+
+void CTableImp::Unindex(ITableItem* item) {
+    const auto it = byName_.find(folded(item->GetName()));
+    if (it == byName_.end())
+        return;
+    Named& named = it->second;
+    if (--named.count == 0) {
+        byName_.erase(it);
+    } else if (named.first == item) {
+        // Names taken twice are rare (the dialogs refuse them): look for the
+        // next one in table order.
+        named.first = nullptr;
+        for (ITableItem* other : items_)
+            if (other != item && folded(other->GetName()) == it->first) {
+                named.first = other;
+                break;
+            }
+    }
 }
 
 ulo::WString CTableImp::GetProgName(const ulo::WString& base) const {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <set>
 
 #include "veld/Colors.h"
@@ -108,6 +109,47 @@ TEST(Tables, AddRemoveFindAndFreshNames) {
     EXPECT_EQ(a->GetReferenceCount(), 1u);
     EXPECT_EQ(layers.Find(L"layer1"), nullptr);
     a->SubReference();
+}
+
+TEST(Tables, FindFollowsRenamesUndoAndNamesTakenTwice) {
+    CData data;
+    CLayerTable& layers = data.GetLayerTable();
+    const auto layer = [&](const wchar_t* name) {
+        CLayer* l = static_cast<CLayer*>(someLayer(data));
+        l->SetName(name);
+        layers.Add(l);
+        l->SubReference();
+        return l;
+    };
+    CLayer* a = layer(L"Roads");
+    const auto before = ulo::RefPtr<ulo::IMemento>::Adopt(a->CreateMemento());
+    a->SetName(L"Streets");
+    EXPECT_EQ(layers.Find(L"ROADS"), nullptr);
+    EXPECT_EQ(layers.Find(L"streets"), a);
+    a->SetMemento(before.get());  // undo goes through the memento
+    EXPECT_EQ(layers.Find(L"roads"), a);
+    EXPECT_EQ(layers.Find(L"Streets"), nullptr);
+
+    // Two items of one name: the first in table order is found, and the
+    // other once the first goes or is renamed.
+    CLayer* b = layer(L"twice");
+    CLayer* c = layer(L"TWICE");
+    EXPECT_EQ(layers.Find(L"Twice"), b);
+    b->SetName(L"once");
+    EXPECT_EQ(layers.Find(L"Twice"), c);
+    b->SetName(L"Twice");
+    EXPECT_EQ(layers.Find(L"twice"), b);
+    b->AddReference();
+    layers.Remove(b);
+    EXPECT_EQ(layers.Find(L"twice"), c);
+    b->SetName(L"gone");  // outside the table: the table does not see it
+    EXPECT_EQ(layers.Find(L"gone"), nullptr);
+    b->SubReference();
+
+    // A name longer than the stack buffer of the lookup.
+    const std::wstring longName(300, L'x');
+    CLayer* d = layer(longName.c_str());
+    EXPECT_EQ(layers.Find(std::wstring(300, L'X')), d);
 }
 
 TEST(Tables, NameRule) {
