@@ -16,7 +16,7 @@
 #include "app/DrawingFile.h"
 #include "app/VELD.h"
 #include "factory/IVELDDlgFactory.h"
-#include "support/HostileTexts.h"
+#include "automation/HostileTexts.h"
 #include "ulo/PalmDevice.h"
 #include "veld/Ent.h"
 #include "veld/EntCollection.h"
@@ -53,15 +53,15 @@ TEST(ScriptParser, SplitsWordsTextsAndCommentsAndReportsBrokenTexts) {
 
 TEST(ScriptParser, QuotedTextsHoldAnyTextExactly) {
     QString error;
-    const QStringList texts = veldtest::HostileTexts(&error);
+    const QStringList texts = automation::HostileTexts(&error);
     ASSERT_FALSE(texts.isEmpty()) << error.toStdString();
     for (const QString& text : texts) {
         const QString line = "set 11212 " + QuoteText(text);
-        EXPECT_FALSE(line.contains('\n')) << veldtest::Printable(text).toStdString();
+        EXPECT_FALSE(line.contains('\n')) << automation::Printable(text).toStdString();
         std::vector<Word> words;
-        ASSERT_FALSE(SplitLine(line, words)) << veldtest::Printable(text).toStdString();
+        ASSERT_FALSE(SplitLine(line, words)) << automation::Printable(text).toStdString();
         ASSERT_EQ(words.size(), 3u);
-        EXPECT_EQ(words[2].text, text) << veldtest::Printable(text).toStdString();
+        EXPECT_EQ(words[2].text, text) << automation::Printable(text).toStdString();
     }
     std::vector<Word> words;
     ASSERT_FALSE(SplitLine("set 1 \"\\U0001F4D0\\u00e9\\r\"", words));

@@ -6,13 +6,13 @@
 #include <memory>
 
 #include "FactoryFixture.h"
-#include "support/HostileTexts.h"
+#include "automation/HostileTexts.h"
 #include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/Win.h"
 #include "veld/FileReaderPasswordRequest.h"
 
 using automation::ScriptedUser;
-using veldtest::Printable;
+using automation::Printable;
 
 namespace {
 constexpr unsigned kOk = 11196;
@@ -23,7 +23,7 @@ protected:
     void SetUp() override {
         FactoryTest::SetUp();
         QString error;
-        texts = veldtest::HostileTexts(&error);
+        texts = automation::HostileTexts(&error);
         ASSERT_GE(texts.size(), 30) << error.toStdString();
     }
 

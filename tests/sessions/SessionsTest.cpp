@@ -14,7 +14,7 @@
 #include "Player.h"
 #include "SessionRunner.h"
 #include "factory/IVELDDlgFactory.h"
-#include "support/HostileTexts.h"
+#include "automation/HostileTexts.h"
 
 namespace {
 
@@ -43,7 +43,7 @@ class Sessions : public ::testing::TestWithParam<std::tuple<std::string, int>> {
 TEST_P(Sessions, KeepEveryPromise) {
     const auto& [op, layout] = GetParam();
     QString error;
-    const QStringList corpus = veldtest::HostileTexts(&error);
+    const QStringList corpus = automation::HostileTexts(&error);
     ASSERT_FALSE(corpus.isEmpty()) << error.toStdString();
     IVELDDlgFactory* factory = CreateFactory();
     for (int k = 0; k < kSessionsPerCase; ++k) {
@@ -58,7 +58,7 @@ TEST_P(Sessions, KeepEveryPromise) {
 
 TEST(SessionScripts, ReplayWithVeldPlayToTheSameReturn) {
     QString error;
-    const QStringList corpus = veldtest::HostileTexts(&error);
+    const QStringList corpus = automation::HostileTexts(&error);
     IVELDDlgFactory* factory = CreateFactory();
     for (const QString& op : sessions::BuiltOperations(factory)) {
         for (unsigned seed = 1; seed <= 3; ++seed) {

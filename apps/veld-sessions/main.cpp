@@ -11,7 +11,7 @@
 
 #include "SessionRunner.h"
 #include "factory/IVELDDlgFactory.h"
-#include "support/HostileTexts.h"
+#include "automation/HostileTexts.h"
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
@@ -43,7 +43,7 @@ int main(int argc, char** argv) {
         return std::fprintf(stderr, "veld-sessions: %s needs a value\n", qPrintable(args.last())),
                2;
     QString error;
-    const QStringList corpus = veldtest::HostileTexts(&error);
+    const QStringList corpus = automation::HostileTexts(&error);
     if (corpus.isEmpty())
         return std::fprintf(stderr, "veld-sessions: %s\n", qPrintable(error)), 2;
     IVELDDlgFactory* factory = CreateFactory();

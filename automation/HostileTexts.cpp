@@ -5,10 +5,10 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-namespace veldtest {
+namespace automation {
 
 QStringList HostileTexts(QString* error) {
-    QFile file(QStringLiteral(VELD_TEST_DATA "/hostile-texts.json"));
+    QFile file(QStringLiteral(VELD_CORPUS_FILE));
     QJsonParseError parse{};
     const QJsonDocument doc = file.open(QIODevice::ReadOnly)
                                   ? QJsonDocument::fromJson(file.readAll(), &parse)
@@ -46,4 +46,4 @@ QString Printable(const QString& text) {
     return out;
 }
 
-}  // namespace veldtest
+}  // namespace automation
