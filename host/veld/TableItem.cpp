@@ -12,7 +12,7 @@ void ITableItem::SetName(const ulo::WString& name) {
         table_->Unindex(this);
     name_ = name;
     if (table_)
-        table_->Index(this);
+        table_->Index(this, false);
 }
 
 bool ITableItem::IsXRef() const {

@@ -49,7 +49,6 @@ private:
     unsigned flags_;
     CData* data_ = nullptr;
     CTableImp* table_ = nullptr;  // the table holding the item
-    unsigned long order_ = 0;     // when it entered that table
 };
 
 /// A table item whose memento holds its name, its flags and its own state

@@ -38,9 +38,8 @@ bool CTableImp::Add(ITableItem* item) {
     item->AddReference();
     item->SetData(data_);
     item->table_ = this;
-    item->order_ = nextOrder_++;
     items_.push_back(item);
-    Index(item);
+    Index(item, true);
     Changed();
     return true;
 }
@@ -75,11 +74,15 @@ ITableItem* CTableImp::FindItem(const ulo::WString& name) const {
     return it == byName_.end() ? nullptr : it->second.first;
 }
 
-void CTableImp::Index(ITableItem* item) {
+void CTableImp::Index(ITableItem* item, bool appended) {
     auto [it, added] = byName_.try_emplace(folded(item->GetName()), Named{item, 0});
     Named& named = it->second;
     ++named.count;
-    if (!added && item->order_ < named.first->order_)
+    // A renamed item may come before the one found by its new name so far
+    // (rare: the dialogs refuse names taken twice).
+    if (!added && !appended &&
+        std::find(items_.begin(), items_.end(), item) <
+            std::find(items_.begin(), items_.end(), named.first))
         named.first = item;
 }
 

@@ -43,7 +43,8 @@ public:
 
 private:
     friend class ITableItem;  // renames go through Unindex and Index
-    void Index(ITableItem* item);
+    /// @p appended: the item is the last in table order.
+    void Index(ITableItem* item, bool appended);
     void Unindex(ITableItem* item);
     void Changed() const;
 
@@ -62,7 +63,6 @@ private:
     CData* data_;
     std::vector<ITableItem*> items_;
     std::unordered_map<std::wstring, Named, Hash, std::equal_to<>> byName_;
-    unsigned long nextOrder_ = 0;
 };
 
 template <class T>

@@ -4,10 +4,15 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <string>
 #include <vector>
 
 #include "linetypes/LtypeLoader.h"
+#include "ulo/NumberText.h"
 #include "ulo/SpecialFolder.h"
 #include "veld/Data.h"
 #include "veld/IFile.h"
@@ -167,6 +172,170 @@ TEST_F(LoaderTest, NumbersReadAsTheToolkitReadsThem) {
         ASSERT_EQ(loader.GetNoLtypes(), 1u) << c.field;
         EXPECT_EQ(loader.GetLtypeNo(0)->GetDash(1)->GetText()->GetPoint().x, c.value) << c.field;
     }
+}
+
+/// A fixed sequence of pseudo-random numbers below a bound (splitmix64), the
+/// same on every run.
+class Sequence {
+public:
+    std::uint64_t Next(std::uint64_t bound) {
+        std::uint64_t z = state_ += 0x9e3779b97f4a7c15u;
+        z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9u;
+        z = (z ^ (z >> 27)) * 0x94d049bb133111ebu;
+        return (z ^ (z >> 31)) % bound;
+    }
+
+private:
+    std::uint64_t state_ = 42;
+};
+
+TEST_F(LoaderTest, DecimalsOfEveryLengthReadAsTheToolkitReadsThem) {
+    // Up to 18 digits with the point anywhere or nowhere, a sign or none and
+    // text after the number or none: the plain decimals of at most 15
+    // digits and the longer ones alike.
+    Sequence seq;
+    std::vector<std::string> texts;
+    QByteArray file;
+    for (int i = 0; i < 3000; ++i) {
+        std::string t = seq.Next(2) ? "-" : "";
+        const auto digits = 1 + seq.Next(18);
+        const auto point = seq.Next(digits + 2);  // digits + 1: no point
+        for (std::uint64_t k = 0; k < digits; ++k) {
+            if (k == point)
+                t += '.';
+            t += static_cast<char>('0' + seq.Next(10));
+        }
+        if (point == digits)
+            t += '.';
+        t += seq.Next(4) == 0 ? "x" : "";
+        file += "*N\nA,1," + QByteArray::fromStdString(t) + "\n";
+        texts.push_back(std::move(t));
+    }
+    Load(file);
+    ASSERT_EQ(loader.GetNoLtypes(), texts.size());
+    for (unsigned i = 0; i < texts.size(); ++i) {
+        const double expected =
+            ulo::ScanNumber(std::wstring(texts[i].begin(), texts[i].end())).value;
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(loader.GetLtypeNo(i)->GetDash(1)->GetDouble()),
+                  std::bit_cast<std::uint64_t>(expected))
+            << texts[i];
+    }
+}
+
+TEST_F(LoaderTest, SavedNumbersAreTheToolkitsTexts) {
+    // Pattern elements as ulo::WString::ValueOf(v, 6) writes them; text values
+    // as ulo::CStringDaDouble(v, 0, 6), or their shortest exact form from
+    // 1e15 on.
+    std::vector<double> values = {0.0,
+                                  -0.0,
+                                  0.5,
+                                  -0.25,
+                                  0.1,
+                                  1.0 / 3,
+                                  -2.0 / 3,
+                                  1e-7,
+                                  -1e-7,
+                                  5e-7,
+                                  -5e-7,
+                                  4.999999e-7,
+                                  5.000001e-7,
+                                  1.0000005,
+                                  2.5e-6,
+                                  0.1 + 0.2,
+                                  123456.789012,
+                                  4294967295.5,
+                                  4294967296.0,
+                                  -4294967296.25,
+                                  1e9 + 1e-6,
+                                  1e14 + 0.5,
+                                  999999999999999.9,
+                                  1e15,
+                                  -1e300,
+                                  1e-300,
+                                  12.3456785,
+                                  -0.0000004};
+    Sequence seq;
+    for (int i = 0; i < 2000; ++i) {
+        // Millionths of every size, and values of no short decimal form.
+        const double millionths = static_cast<double>(seq.Next(1ull << 52)) /
+                                  std::pow(10.0, static_cast<double>(seq.Next(16)));
+        values.push_back((seq.Next(2) ? -1 : 1) * std::round(millionths) / 1e6);
+        values.push_back(millionths * 1e-3 / 7);
+    }
+    const auto narrow = [](const std::wstring& w) { return std::string(w.begin(), w.end()); };
+    std::vector<std::string> expected;
+    for (const double v : values) {
+        const std::string text =
+            narrow(std::fabs(v) >= 1e15 ? ulo::ExactText(v) : ulo::CStringDaDouble(v, 0, 6).str());
+        expected.push_back("A,1," + narrow(ulo::WString::ValueOf(v, 6).str()) +
+                           ",[\"T\",STANDARD,S=" + text + ",R=0.000000,X=" + text + ",Y=" + text +
+                           "]");
+        veld::CLtypeComplexDashSeq dashes;
+        dashes.AddDashDouble(1);
+        dashes.AddDashDouble(v);
+        dashes.AddDashText(veld::TEXT_3D(L"T", data.GetStyleTable().GetStyleStandard(), v, 0, 1, 0,
+                                         {v, v, 0}, 0, 0));
+        veld::CLtype* ltype = data.GetObjectFactory()->CreateLtype(L"V", L"", dashes, 0, 0);
+        loader.Add(ltype);
+        ltype->SubReference();
+    }
+    const QList<QByteArray> lines = Save().split('\n');
+    ASSERT_EQ(lines.size(), 2 * values.size() + 1);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        EXPECT_EQ(lines[static_cast<qsizetype>(2 * i + 1)].toStdString(), expected[i] + "\r")
+            << std::bit_cast<std::uint64_t>(values[i]);
+}
+
+TEST_F(LoaderTest, HeadersAndTextElementsAreCutTo1023CharactersWhenSaved) {
+    // A character with no 8-bit form beyond the cut is not written, so it
+    // does not stop the save.
+    const std::wstring desc = std::wstring(1100, L'd') + L"\u20ac";
+    veld::CLtypeComplexDashSeq dashes;
+    dashes.AddDashDouble(1);
+    dashes.AddDashText(veld::TEXT_3D(std::wstring(1100, L't'),
+                                     data.GetStyleTable().GetStyleStandard(), 1, 0, 1, 0,
+                                     ulo::geom::PNT_3D::Origin, 0, 0));
+    const veld::CObjectFactory* factory = data.GetObjectFactory();
+    for (veld::CLtype* ltype : {factory->CreateLtype(L"LONG", desc, dashes, 0, 0),
+                                factory->CreateLtype(L"NEXT", L"", {}, 0, 0)}) {
+        loader.Add(ltype);
+        ltype->SubReference();
+    }
+    EXPECT_EQ(Save(), "*LONG," + QByteArray(1017, 'd') + "\r\nA,1,[\"" + QByteArray(1021, 't') +
+                          "\r\n*NEXT,\r\nA\r\n");
+}
+
+TEST_F(LoaderTest, LinesAcrossTheReadBlocksCountAsInASmallFile) {
+    // Some 400 KB: lines and long comment lines fall across every boundary
+    // the reader's blocks have. A line of n bytes with its "\n" counts as
+    // ceil(n / 4095) pieces; a definition closes the file with an error on
+    // its pattern line.
+    Sequence seq;
+    QByteArray file;
+    unsigned pieces = 0, definitions = 0;
+    while (file.size() < 400000) {
+        const char* const end = seq.Next(2) ? "\r\n" : "\n";
+        const int eol = static_cast<int>(std::strlen(end));
+        if (seq.Next(8) == 0) {
+            // Half of them end right at or beside a piece's end.
+            const int nearEnd = 4095 * (1 + static_cast<int>(seq.Next(2))) - 1 +
+                                static_cast<int>(seq.Next(3)) - eol;
+            const int length = seq.Next(2) ? nearEnd : 2 + static_cast<int>(seq.Next(10000));
+            file += ";;" + QByteArray(length - 2, 'x') + end;
+            pieces += static_cast<unsigned>((length + eol + 4094) / 4095);
+        } else {
+            const QByteArray name = "L" + QByteArray::number(definitions++);
+            file += "*" + name + "," + QByteArray(static_cast<int>(seq.Next(100)), 'd') + end +
+                    "A,1,-" + QByteArray::number(static_cast<int>(seq.Next(1000))) + end;
+            pieces += 2;
+        }
+    }
+    file += "*BAD\nA,-1,1\n";
+    Recorder rec;
+    loader.SetNotifier(&rec);
+    EXPECT_EQ(Load(file), 0);
+    EXPECT_EQ(loader.GetNoLtypes(), definitions);
+    EXPECT_EQ(rec.reports, (std::vector<Report>{{pieces + 2, L"BAD", 6}}));
 }
 
 TEST_F(LoaderTest, UndefinedStylesComeFromTheNotifierEveryTime) {
