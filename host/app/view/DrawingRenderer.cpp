@@ -4,6 +4,8 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <unordered_set>
 
@@ -17,6 +19,8 @@ namespace {
 using ulo::geom::PNT_3D;
 
 constexpr double kPi = 3.14159265358979323846;
+/// Texts lower than this many pixels are drawn as a point.
+constexpr double kLowestText = 2.5;
 
 QColor fromGColor(GColor c) {
     return QColor(c.Red(), c.Green(), c.Blue());
@@ -26,23 +30,50 @@ bool layerShown(const veld::CLayer* layer) {
     return !layer || (!layer->IsOff() && !layer->IsFrozen());
 }
 
-/// The colour an entity is drawn in. White (7) turns black on a light
-/// background, as it does on paper.
-QColor entityColour(CVELD& cad, const veld::CEnt& e) {
-    int index = e.GetColor();
+/// The colour index an entity is drawn in: its set's when the set has one,
+/// its layer's for ByLayer, white for ByBlock.
+int colourIndex(const veld::CEnt& e) {
     const veld::CDrawing* set = e.GetDrawing();
     if (set && set->UseColor())
-        index = static_cast<int>(set->GetColor());
-    else if (index == 256)
-        index = e.GetLayer() ? e.GetLayer()->GetColor() : 7;
-    else if (index == 0)
-        index = 7;
+        return static_cast<int>(set->GetColor());
+    const int index = e.GetColor();
+    if (index == 256)
+        return e.GetLayer() ? e.GetLayer()->GetColor() : 7;
+    return index == 0 ? 7 : index;
+}
+
+/// The colour of a colour index. White (7) turns black on a light
+/// background, as it does on paper.
+QColor indexColour(CVELD& cad, int index) {
     if (index == 7) {
         const QColor bg = fromGColor(GetClrGrphWndBkGrnd(&cad));
         return bg.lightness() > 128 ? QColor(Qt::black) : QColor(Qt::white);
     }
     return fromGColor(GColor(veld::IndexToRGB(index)));
 }
+
+QColor entityColour(CVELD& cad, const veld::CEnt& e) {
+    return indexColour(cad, colourIndex(e));
+}
+
+/// The colours of one picture's marks, each index worked out once.
+class Palette {
+public:
+    explicit Palette(CVELD& cad) : cad_(cad) {}
+    QRgb operator()(const veld::CEnt& e) {
+        const int index = colourIndex(e);
+        if (index < 0 || index >= static_cast<int>(rgb_.size()))
+            return indexColour(cad_, index).rgb();
+        QRgb& c = rgb_[static_cast<std::size_t>(index)];
+        if (!c)
+            c = indexColour(cad_, index).rgb();  // opaque: never 0 once known
+        return c;
+    }
+
+private:
+    CVELD& cad_;
+    std::array<QRgb, 257> rgb_{};
+};
 
 const veld::CLtype* entityLtype(const veld::CEnt& e) {
     const veld::CLtype* t = e.GetLtype();
@@ -206,7 +237,8 @@ void strokePattern(QPainter& p, const std::vector<QPointF>& pts, const veld::CLt
     }
 }
 
-void paintGrid(QPainter& p, CVELD& cad, const CGrid& grid, const ViewTransform& view) {
+void paintGrid(QPainter& p, CVELD& cad, const CGrid& grid, const ViewTransform& view,
+               const QRectF& area) {
     if (!grid.IsGridActive())
         return;
     double be, bn, se, sn, angle, ge, gn;
@@ -220,8 +252,10 @@ void paintGrid(QPainter& p, CVELD& cad, const CGrid& grid, const ViewTransform& 
     gn = std::fabs(gn);
     if (ge * view.zoom < 6 || gn * view.zoom < 6)
         return;  // denser than the screen can show
-    const QPointF lo = view.ToMap({0, view.size.height()});
-    const QPointF hi = view.ToMap({view.size.width(), 0});
+    // The points of the area and those whose dot reaches into it.
+    const QRectF reach = area.adjusted(-2, -2, 2, 2);
+    const QPointF lo = view.ToMap(reach.bottomLeft());
+    const QPointF hi = view.ToMap(reach.topRight());
     p.setPen(QPen(fromGColor(GetClrGrid(&cad)), 1.5));
     for (double x = be + std::ceil((lo.x() - be) / ge) * ge; x <= hi.x(); x += ge)
         for (double y = bn + std::ceil((lo.y() - bn) / gn) * gn; y <= hi.y(); y += gn)
@@ -251,7 +285,7 @@ void paintEntity(QPainter& p, CVELD& cad, const veld::CEnt& e, const ViewTransfo
             const veld::TEXT_3D text = t.GetText();
             const double h = text.GetContext().GetHeight() * view.zoom;
             const QPointF at = view.ToScreen(text.GetPoint().x, text.GetPoint().y);
-            if (h < 2.5) {
+            if (h < kLowestText) {
                 p.drawPoint(at);
                 return;
             }
@@ -284,15 +318,181 @@ double distanceToSegment(const QPointF& p, const QPointF& a, const QPointF& b) {
     return std::hypot(d.x(), d.y());
 }
 
-bool shown(const veld::CEnt& e) {
-    return layerShown(e.GetLayer());
+/// Shown as the entity iterator of the drawing has it (the set present and
+/// visible) on a layer that is neither off nor frozen.
+bool shown(CVELD& cad, const veld::CEnt& e) {
+    const veld::CDrawing* set = e.GetDrawing();
+    return set && set->IsVisible() && layerShown(e.GetLayer()) &&
+           cad.GetData()->GetDrawingManager()->IsDrawingPresent(set);
+}
+
+/// Premultiplied @p colour over @p under at coverage @p alpha (0..255): two
+/// channels at a time, each sum of products divided by 255 (as x + x / 256,
+/// rounded, over 256).
+QRgb over(QRgb under, QRgb colour, unsigned alpha) {
+    const unsigned rest = 255 - alpha;
+    unsigned rb = (colour & 0xFF00FFu) * alpha + (under & 0xFF00FFu) * rest;
+    rb = ((rb + ((rb >> 8) & 0xFF00FFu) + 0x800080u) >> 8) & 0xFF00FFu;
+    unsigned ag = ((colour >> 8) & 0xFF00FFu) * alpha + ((under >> 8) & 0xFF00FFu) * rest;
+    ag = (ag + ((ag >> 8) & 0xFF00FFu) + 0x800080u) & 0xFF00FF00u;
+    return ag | rb;
+}
+
+/// Marks the painter would take too long over, one by one: a pixel for an
+/// entity smaller than a pixel, a point's cross. They go straight into an
+/// image of the painted area in device pixels; Flush lays what was marked
+/// onto the picture and clears it. Paint flushes before each entity the
+/// painter draws, so that marks and painted entities keep the drawing order.
+class Marks {
+public:
+    Marks(QPainter& p, const QRectF& area)
+        : p_(p),
+          ratio_(p.device()->devicePixelRatio()),
+          device_(QRectF(area.topLeft() * ratio_, area.size() * ratio_).toAlignedRect()) {}
+
+    /// Device pixels to a window pixel.
+    double Ratio() const { return ratio_; }
+
+    /// One pixel at @p at (window coordinates).
+    void Dot(const QPointF& at, QRgb colour) {
+        int x, y;
+        if (!pixel(at, x, y))
+            return;
+        pixels()[y * pitch_ + x] = colour;
+        touch(x, y, x, y);
+    }
+
+    /// A point's cross (as paintEntity draws it: arms of 3 pixels, a pen of
+    /// 1.2, smoothed) centred on the pixel of @p at.
+    void Cross(const QPointF& at, QRgb colour) {
+        if (cross_.empty())
+            makeCross();
+        int cx, cy;
+        pixel(at, cx, cy);
+        const int w = device_.width(), h = device_.height();
+        if (cx + crossReach_ < 0 || cy + crossReach_ < 0 || cx - crossReach_ >= w ||
+            cy - crossReach_ >= h)
+            return;
+        // Most crosses lie wholly inside: their pixels need no test.
+        const bool inside =
+            cx >= crossReach_ && cy >= crossReach_ && cx + crossReach_ < w && cy + crossReach_ < h;
+        QRgb* const image = pixels();
+        for (const Stamp& s : cross_) {
+            const int x = cx + s.dx, y = cy + s.dy;
+            if (inside || (x >= 0 && y >= 0 && x < w && y < h)) {
+                QRgb& d = image[y * pitch_ + x];
+                d = over(d, colour, s.alpha);
+            }
+        }
+        touch(std::max(cx - crossReach_, 0), std::max(cy - crossReach_, 0),
+              std::min(cx + crossReach_, w - 1), std::min(cy + crossReach_, h - 1));
+    }
+
+    void Flush() {
+        if (x1_ < x0_)
+            return;
+        const QRect dirty(QPoint(x0_, y0_), QPoint(x1_, y1_));
+        p_.drawImage(QPointF(device_.topLeft() + dirty.topLeft()) / ratio_, image_, dirty);
+        for (int y = y0_; y <= y1_; ++y)
+            std::fill_n(pixels() + y * pitch_ + x0_, x1_ - x0_ + 1, 0u);
+        x0_ = y0_ = 0;
+        x1_ = y1_ = -1;
+    }
+
+private:
+    struct Stamp {
+        int dx, dy;
+        unsigned alpha;
+    };
+
+    /// The image pixel of @p at; false when it lies outside the area.
+    bool pixel(const QPointF& at, int& x, int& y) const {
+        const double px = std::floor(at.x() * ratio_) - device_.x();
+        const double py = std::floor(at.y() * ratio_) - device_.y();
+        // Clamped first: a point far outside must not overflow an int.
+        x = static_cast<int>(std::clamp(px, -1e6, 1e6));
+        y = static_cast<int>(std::clamp(py, -1e6, 1e6));
+        return x >= 0 && y >= 0 && x < device_.width() && y < device_.height();
+    }
+    QRgb* pixels() {
+        if (!pixels_) {
+            image_ = QImage(device_.size(), QImage::Format_ARGB32_Premultiplied);
+            image_.fill(0);
+            image_.setDevicePixelRatio(ratio_);
+            // Taken once: bits() and scanLine() look for a copy to detach at every call.
+            pixels_ = reinterpret_cast<QRgb*>(image_.bits());
+            pitch_ = image_.bytesPerLine() / 4;
+        }
+        return pixels_;
+    }
+    void touch(int x0, int y0, int x1, int y1) {
+        const bool none = x1_ < x0_;
+        x0_ = none ? x0 : std::min(x0_, x0);
+        y0_ = none ? y0 : std::min(y0_, y0);
+        x1_ = none ? x1 : std::max(x1_, x1);
+        y1_ = none ? y1 : std::max(y1_, y1);
+    }
+    void makeCross() {
+        const double arm = 3 * ratio_, pen = 1.2 * ratio_;
+        crossReach_ = static_cast<int>(std::ceil(arm + pen));
+        const int side = 2 * crossReach_ + 1;
+        QImage sprite(side, side, QImage::Format_ARGB32_Premultiplied);
+        sprite.fill(0);
+        QPainter s(&sprite);
+        s.setRenderHint(QPainter::Antialiasing);
+        s.setPen(QPen(Qt::black, pen, Qt::SolidLine, Qt::RoundCap));
+        const QPointF c(crossReach_ + 0.5, crossReach_ + 0.5);
+        s.drawLine(c - QPointF(arm, arm), c + QPointF(arm, arm));
+        s.drawLine(c - QPointF(arm, -arm), c + QPointF(arm, -arm));
+        s.end();
+        for (int y = 0; y < side; ++y)
+            for (int x = 0; x < side; ++x)
+                if (const int a = qAlpha(sprite.pixel(x, y)))
+                    cross_.push_back({x - crossReach_, y - crossReach_, static_cast<unsigned>(a)});
+    }
+
+    QPainter& p_;
+    double ratio_;
+    QRect device_;  // the area in device pixels
+    QImage image_;  // made at the first mark
+    QRgb* pixels_ = nullptr;
+    qsizetype pitch_ = 0;                      // pixels from one line to the next
+    int x0_ = 0, y0_ = 0, x1_ = -1, y1_ = -1;  // what was marked since the last flush
+    std::vector<Stamp> cross_;
+    int crossReach_ = 0;
+};
+
+/// How far an entity may draw outside its box, in pixels: a point's cross
+/// and the pen of a selected entity, smoothed.
+constexpr double kMarginPixels = 6.0;
+
+/// True when the entity is drawn as one pixel: it is smaller than one
+/// (@p pixel on the map), or a text too low to read (as paintEntity has it).
+bool drawnAsDot(const CDrawingIndex::Entry& entry, double pixel, double zoom) {
+    const Box& b = entry.box;
+    if (b.x1 - b.x0 < pixel && b.y1 - b.y0 < pixel)
+        return true;
+    if (entry.ent->GetKind() != veld::EntKind::Text)
+        return false;
+    // A text's box is at least four of its heights wide: while a quarter of
+    // it is too low to read, so is the text, and it need not be copied out.
+    if ((b.x1 - b.x0) / 4 * zoom < kLowestText)
+        return true;
+    const auto* t = static_cast<const veld::CEntText*>(entry.ent);
+    return t->GetText().GetContext().GetHeight() * zoom < kLowestText;
 }
 
 }  // namespace
 
-void Paint(QPainter& p, CVELD& cad, const CGrid& grid, const ViewTransform& view) {
+void Paint(QPainter& p, CVELD& cad, const CGrid& grid, const ViewTransform& view,
+           CDrawingIndex& index, const QRectF& area) {
+    const QRectF window(QPointF(0, 0), view.size);
+    const QRectF part = area.isEmpty() ? window : area;
+    p.save();
+    if (part != window)
+        p.setClipRect(part);
     p.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    p.fillRect(QRectF(QPointF(0, 0), view.size), fromGColor(GetClrGrphWndBkGrnd(&cad)));
+    p.fillRect(part, fromGColor(GetClrGrphWndBkGrnd(&cad)));
     for (int i = 0; i < cad.GetNoImages(); ++i) {
         const CVELDImage* image = cad.GetImage(i);
         if (!image->GetImage() || image->GetImage()->GetQImage().isNull())
@@ -303,33 +503,61 @@ void Paint(QPainter& p, CVELD& cad, const CGrid& grid, const ViewTransform& view
         p.drawImage(target, image->GetImage()->GetQImage());
         p.setOpacity(1.0);
     }
-    paintGrid(p, cad, grid, view);
+    paintGrid(p, cad, grid, view, part);
     // Selected entities are drawn last, on top of the others; the selection is
     // looked up once per picture, not searched for every entity.
     const veld::CEntCollection& selection = GetSelectedEntCollection(&cad);
     std::unordered_set<const veld::CEnt*> selected;
     for (unsigned i = 0; i < selection.GetNoEnts(); ++i)
         selected.insert(selection.GetEnt(i));
-    veld::CData::CHandleObjectIterator it(cad.GetData(), false);
+    // The entities whose box meets the area grown by what may stand outside
+    // a box: the margin in pixels and the texts of line types.
+    index.Sync(*cad.GetData());
+    const double grow =
+        kMarginPixels / view.zoom + index.PatternReach() * std::fabs(GetLtypeScale(&cad));
+    const QPointF lo = view.ToMap(part.bottomLeft()), hi = view.ToMap(part.topRight());
+    const std::vector<std::uint32_t>& found =
+        index.Find({lo.x() - grow, lo.y() - grow, hi.x() + grow, hi.y() + grow});
+    Marks marks(p, part);
+    Palette palette(cad);
+    const double pixel = 1 / (view.zoom * marks.Ratio());
     std::vector<const veld::CEnt*> chosen;
-    while (veld::CEnt* e = it.GetNext()) {
-        if (!shown(*e))
+    for (const std::uint32_t k : found) {
+        const CDrawingIndex::Entry& entry = index.Entries()[k];
+        const veld::CEnt& e = *entry.ent;
+        if (!shown(cad, e))
             continue;
-        if (selected.count(e))
-            chosen.push_back(e);
-        else
-            paintEntity(p, cad, *e, view, false);
+        if (!selected.empty() && selected.count(&e)) {
+            chosen.push_back(&e);
+        } else if (e.GetKind() == veld::EntKind::Point) {
+            const PNT_3D& at = e.GetPoints().front();
+            marks.Cross(view.ToScreen(at.x, at.y), palette(e));
+        } else if (drawnAsDot(entry, pixel, view.zoom)) {
+            const Box& b = entry.box;
+            marks.Dot(view.ToScreen((b.x0 + b.x1) / 2, (b.y0 + b.y1) / 2), palette(e));
+        } else {
+            marks.Flush();
+            paintEntity(p, cad, e, view, false);
+        }
     }
+    marks.Flush();
     for (const veld::CEnt* e : chosen)
         paintEntity(p, cad, *e, view, true);
+    p.restore();
 }
 
-veld::CEnt* Pick(CVELD& cad, const ViewTransform& view, const QPointF& screen, double tolerance) {
+veld::CEnt* Pick(CVELD& cad, CDrawingIndex& index, const ViewTransform& view, const QPointF& screen,
+                 double tolerance) {
+    index.Sync(*cad.GetData());
+    const QPointF map = view.ToMap(screen);
+    const double reach = tolerance / view.zoom;
+    const std::vector<std::uint32_t>& found =
+        index.Find({map.x() - reach, map.y() - reach, map.x() + reach, map.y() + reach});
     veld::CEnt* best = nullptr;
     double bestDistance = tolerance;
-    veld::CData::CHandleObjectIterator it(cad.GetData(), false);
-    while (veld::CEnt* e = it.GetNext()) {
-        if (!shown(*e))
+    for (const std::uint32_t k : found) {
+        veld::CEnt* e = index.Entries()[k].ent;
+        if (!shown(cad, *e))
             continue;
         double d = 1e300;
         if (e->GetKind() == veld::EntKind::Text) {
@@ -358,7 +586,7 @@ veld::CEnt* Pick(CVELD& cad, const ViewTransform& view, const QPointF& screen, d
     return best;
 }
 
-QRectF Extents(CVELD& cad) {
+QRectF Extents(CVELD& cad, CDrawingIndex& index) {
     double x0 = 1e300, y0 = 1e300, x1 = -1e300, y1 = -1e300;
     const auto add = [&](double ax, double ay, double bx, double by) {
         x0 = std::min({x0, ax, bx});
@@ -366,13 +594,16 @@ QRectF Extents(CVELD& cad) {
         x1 = std::max({x1, ax, bx});
         y1 = std::max({y1, ay, by});
     };
-    veld::CData::CHandleObjectIterator it(cad.GetData(), false);
-    while (const veld::CEnt* e = it.GetNext()) {
-        if (!shown(*e))
+    index.Sync(*cad.GetData());
+    for (const auto& [box, e] : index.Entries()) {
+        if (!shown(cad, *e))
             continue;
-        const double r = e->GetKind() == veld::EntKind::Circle ? e->GetRadius() : 0.0;
-        for (const PNT_3D& p : e->GetPoints())
-            add(p.x - r, p.y - r, p.x + r, p.y + r);
+        if (e->GetKind() == veld::EntKind::Text) {
+            const PNT_3D& p = e->GetPoints().front();  // a text's box is its reach
+            add(p.x, p.y, p.x, p.y);
+        } else {
+            add(box.x0, box.y0, box.x1, box.y1);
+        }
     }
     for (int i = 0; i < cad.GetNoImages(); ++i) {
         const CVELDImage* im = cad.GetImage(i);

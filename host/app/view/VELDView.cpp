@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPinchGesture>
+#include <QRegion>
 #include <cmath>
 
 #include "app/VELD.h"
@@ -20,7 +21,12 @@ CVELDView::CVELDView(CVELD* cad, QWidget* parent) : QWidget(parent), cad_(cad) {
     if (!cad_)
         return;
     cad_->AttachView(this, this);
-    listener_ = cad_->AddChangeListener([this](CVELD::Change) { Redraw(); });
+    listener_ = cad_->AddChangeListener([this](CVELD::Change why) {
+        if (why == CVELD::Change::Selection)
+            Repaint();
+        else
+            Redraw();
+    });
 }
 
 CVELDView::~CVELDView() {
@@ -41,7 +47,7 @@ void CVELDView::ZoomExtents() {
         return;
     shownData_ = cad_->GetData();
     moved_ = false;
-    const QRectF box = drawingrender::Extents(*cad_);
+    const QRectF box = drawingrender::Extents(*cad_, index_);
     if (box.width() <= 0 && box.height() <= 0) {
         view_.centre = box.center();  // nothing, or one point
         view_.zoom = 4.0;
@@ -50,10 +56,15 @@ void CVELDView::ZoomExtents() {
         const double w = std::max(box.width(), 1e-6), h = std::max(box.height(), 1e-6);
         view_.zoom = std::max(1e-6, 0.92 * std::min(width() / w, height() / h));
     }
-    Redraw();
+    Repaint();
 }
 
 void CVELDView::Redraw() {
+    index_.Invalidate();
+    Repaint();
+}
+
+void CVELDView::Repaint() {
     pictureValid_ = false;
     update();
 }
@@ -64,14 +75,14 @@ void CVELDView::ZoomAt(const QPointF& screen, double factor) {
     const QPointF after = view_.ToMap(screen);
     view_.centre += before - after;
     moved_ = true;
-    Redraw();
+    Repaint();
 }
 
 veld::CEnt* CVELDView::EntityAt(const QPointF& screen) const {
     if (!cad_)
         return nullptr;
     const double tolerance = std::max<double>(4.0, static_cast<double>(GetDeltaPick(cad_)) * 2);
-    return drawingrender::Pick(*cad_, view_, screen, tolerance);
+    return drawingrender::Pick(*cad_, index_, view_, screen, tolerance);
 }
 
 void CVELDView::paintEvent(QPaintEvent*) {
@@ -87,9 +98,18 @@ void CVELDView::paintEvent(QPaintEvent*) {
         picture_ = QPixmap(size() * ratio);
         picture_.setDevicePixelRatio(ratio);
         QPainter p(&picture_);
-        drawingrender::Paint(p, *cad_, GetGrid(), view_);
+        drawingrender::Paint(p, *cad_, GetGrid(), view_, index_);
         pictureValid_ = true;
+    } else if (!shift_.isNull()) {
+        // A pan: what stays in sight moves, the strips it uncovers are drawn.
+        QRegion uncovered;
+        picture_.scroll(shift_.x(), shift_.y(), picture_.rect(), &uncovered);
+        QPainter p(&picture_);
+        for (const QRect& r : uncovered)
+            drawingrender::Paint(p, *cad_, GetGrid(), view_, index_,
+                                 QRectF(QPointF(r.topLeft()) / ratio, QSizeF(r.size()) / ratio));
     }
+    shift_ = QPoint();
     QPainter painter(this);
     painter.drawPixmap(0, 0, picture_);
     if (pointerIn_) {
@@ -138,10 +158,16 @@ void CVELDView::mouseMoveEvent(QMouseEvent* event) {
         return;
     panning_ = true;
     moved_ = true;
-    view_.centre -=
-        QPointF((at.x() - pressAt_.x()) / view_.zoom, -(at.y() - pressAt_.y()) / view_.zoom);
-    pressAt_ = at;
-    Redraw();
+    // The picture moves by whole device pixels and the map by as much; the
+    // rest of the drag is left for the next move.
+    const qreal ratio = devicePixelRatioF();
+    const QPoint shift = ((at - pressAt_) * ratio).toPoint();
+    if (shift.isNull())
+        return;
+    const QPointF moved = QPointF(shift) / ratio;
+    view_.centre -= QPointF(moved.x() / view_.zoom, -moved.y() / view_.zoom);
+    pressAt_ += moved;
+    shift_ += shift;
 }
 
 void CVELDView::mouseReleaseEvent(QMouseEvent* event) {

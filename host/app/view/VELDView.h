@@ -4,6 +4,10 @@
 // instance reports a change; the mouse (or a finger) pans by dragging, the
 // wheel and a pinch zoom, and a tap selects or deselects the entity under it
 // (a tap on nothing clears the selection).
+//
+// The view keeps the drawing's index (built again after every reported
+// change but a new selection) and the picture it drew last: a pan moves the
+// picture by whole device pixels and draws only the strips it uncovers.
 #include <QPixmap>
 #include <QWidget>
 
@@ -28,8 +32,9 @@ public:
     /// Zooms by @p factor keeping the map point under @p screen in place.
     void ZoomAt(const QPointF& screen, double factor);
     const ViewTransform& GetTransform() const { return view_; }
-    /// Draws the drawing again: for changes that come without a notification
-    /// (a grid edited in place). Notified changes redraw by themselves.
+    /// Draws the drawing again, looking at its entities anew: for changes that
+    /// come without a notification (a grid edited in place). Notified changes
+    /// redraw by themselves.
     void Redraw();
     /// Where a tap at @p screen lands: the entity it would select, or null.
     veld::CEnt* EntityAt(const QPointF& screen) const;
@@ -50,6 +55,8 @@ protected:
 
 private:
     void Tap(const QPointF& screen);
+    /// Draws the picture again (the view moved, or the selection changed).
+    void Repaint();
 
     CVELD* cad_;
     int listener_ = 0;
@@ -61,6 +68,10 @@ private:
     bool moved_ = false;  // panned or zoomed since the last zoom to extents
     QPointF pointer_;
     bool pointerIn_ = false;
+    // A cache, which EntityAt may build.
+    mutable drawingrender::CDrawingIndex index_;
     QPixmap picture_;  // the drawing as last drawn, under the cross-hair
     bool pictureValid_ = false;
+    // Device pixels the picture is to move by, from pans since it was painted.
+    QPoint shift_;
 };
