@@ -36,8 +36,11 @@ int main(int argc, char** argv) {
         return app.exec();
     }
     if (qEnvironmentVariableIsSet("VELD_DEMO_SMOKE")) {
-        // Start-up check: draw once, then leave.
-        QTimer::singleShot(0, &app, [&] { app.quit(); });
+        // Start-up check: draw the window once, then leave.
+        QTimer::singleShot(0, &app, [&] {
+            window.grab();
+            app.quit();
+        });
         return app.exec();
     }
     return app.exec();
