@@ -1,12 +1,17 @@
-// Behaviour of the toolkit's controls under real input events.
+// Behaviour of the toolkit's controls under real input events, their colours
+// and the ids they carry.
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
+#include <memory>
+#include <vector>
 
+#include "ulo/ResourceModule.h"
 #include "ulo/ctrl/Controls.h"
+#include "ulo/ctrl/Dialog.h"
 
 TEST(KeyboardEdit, TakingTheKeyboardAwayEndsTheEdit) {
     QWidget window;
@@ -67,12 +72,103 @@ TEST(KeyboardCombo, SortedInsertionKeepsItemData) {
     EXPECT_EQ(combo.GetItemDataAt(7), quintptr(0));
 }
 
-TEST(ColourControls, SchemesAndSwatchColours) {
-    CColButton button;
-    button.SetBtnColor(0, 2);
-    EXPECT_EQ(button.GetTextScheme(), 0);
-    EXPECT_EQ(button.palette().color(QPalette::ButtonText), QColor(0x10, 0x3c, 0x8c));
+TEST(ColourControls, ButtonsShowTheirSchemeOverWhatTheyInherit) {
+    struct Case {
+        int text, back;
+        QColor textColour, backColour;
+    };
+    const Case cases[] = {
+        {0, 2, QColor(0x10, 0x3c, 0x8c), QColor(0xff, 0xff, 0xff)},  // OK and Cancel
+        {2, 3, QColor(0x20, 0x20, 0x20), QColor(0xd8, 0xd8, 0xd8)},
+        {1, 0, QColor(0x40, 0x40, 0x40), QColor(0xdc, 0xe8, 0xf8)},
+        {0, 2, QColor(0x10, 0x3c, 0x8c), QColor(0xff, 0xff, 0xff)},  // the same scheme again
+    };
+    QWidget parent;
+    QPalette inherited = parent.palette();
+    inherited.setColor(QPalette::Window, QColor(0x00, 0x60, 0x00));
+    parent.setPalette(inherited);
+    for (const Case& c : cases) {
+        auto* button = new CColButton(&parent);
+        button->SetBtnColor(c.text, c.back);
+        const QString scheme = QStringLiteral("scheme (%1, %2)").arg(c.text).arg(c.back);
+        EXPECT_EQ(button->GetTextScheme(), c.text) << qPrintable(scheme);
+        EXPECT_EQ(button->GetBackScheme(), c.back) << qPrintable(scheme);
+        const QPalette p = button->palette();
+        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+            EXPECT_EQ(p.color(group, QPalette::ButtonText), c.textColour) << qPrintable(scheme);
+            EXPECT_EQ(p.color(group, QPalette::Button), c.backColour) << qPrintable(scheme);
+        }
+        EXPECT_EQ(p.color(QPalette::Disabled, QPalette::ButtonText), QColor(0x9a, 0x9a, 0x9a))
+            << qPrintable(scheme);
+        EXPECT_EQ(p.color(QPalette::Window), QColor(0x00, 0x60, 0x00)) << qPrintable(scheme);
+    }
+}
+
+TEST(ColourControls, SwatchColours) {
     CColorStatic swatch(nullptr, 0x0000FF);
     EXPECT_EQ(ulo::ColorFromRef(swatch.GetColor()), QColor(255, 0, 0));
     EXPECT_EQ(ulo::RefFromColor(QColor(1, 2, 3)), 0x030201u);
+}
+
+// The toolkit's controls and dialogs declare the properties code and tests
+// read them by: setting them adds no dynamic property.
+TEST(ControlIds, ToolkitControlsDeclareTheirIdAndIndex) {
+    std::vector<std::unique_ptr<QWidget>> controls;
+    controls.push_back(std::make_unique<CColButton>());
+    controls.push_back(std::make_unique<CCEBaseButton>());
+    controls.push_back(std::make_unique<ulo::CCERadioButton>());
+    controls.push_back(std::make_unique<ulo::CCEStatic>());
+    controls.push_back(std::make_unique<ulo::CCEGroupBox>());
+    controls.push_back(std::make_unique<CCEEditKeybNum>());
+    controls.push_back(std::make_unique<CCEEditKeybTxt>());
+    controls.push_back(std::make_unique<CCEBaseKeybCombo>());
+    controls.push_back(std::make_unique<CColorStatic>());
+    controls.push_back(std::make_unique<CCEMSGridCtrl>(0, 3));
+    for (const auto& w : controls) {
+        const char* kind = w->metaObject()->className();
+        EXPECT_FALSE(w->property(ulo::prop::kCtrlId).isValid()) << kind;  // no control yet
+        w->setProperty(ulo::prop::kCtrlId, 4779u);
+        w->setProperty(ulo::prop::kCtrlIndex, 3);
+        EXPECT_EQ(ulo::GetDlgCtrlID(w.get()), 4779u) << kind;
+        EXPECT_EQ(w->property(ulo::prop::kCtrlIndex).toInt(), 3) << kind;
+        EXPECT_TRUE(w->dynamicPropertyNames().isEmpty()) << kind;
+    }
+}
+
+TEST(ControlIds, BuiltDialogsCarryThemWithoutDynamicProperties) {
+    using ulo::CtrlKind;
+    const ulo::DlgRect r{4, 4, 60, 12};
+    const ulo::CtrlTemplate controls[] = {
+        {700, CtrlKind::GroupBox, L"Group", 0, {r, r, r, r}},
+        {701, CtrlKind::Static, L"Label", 0, {r, r, r, r}},
+        {702, CtrlKind::RadioButton, L"Radio", ulo::kGroupStart, {r, r, r, r}},
+        {703, CtrlKind::CheckBox, L"Check", 0, {r, r, r, r}},
+        {704, CtrlKind::Edit, L"", ulo::kNumeric, {r, r, r, r}},
+        {705, CtrlKind::Edit, L"", 0, {r, r, r, r}},
+        {706, CtrlKind::ComboBox, L"", 0, {r, r, r, r}},
+        {707, CtrlKind::PushButton, L"OK", 0, {r, r, r, r}},
+    };
+    const ulo::DialogTemplate templates[] = {
+        {700, L"Ids", nullptr, true, {{80, 40}, {80, 40}, {80, 40}, {80, 40}}, controls}};
+    const ulo::CResourceModule module("controls-test", {}, templates);
+    const ulo::HINSTANCE previous = ulo::AfxGetResourceHandle();
+    ulo::AfxSetResourceHandle(&module);
+    QWidget host;
+    CWSizeDialog dialog(0, nullptr);
+    const bool built = dialog.Create(702, &host);  // layout 2
+    ulo::AfxSetResourceHandle(previous);
+    ASSERT_TRUE(built);
+    EXPECT_EQ(dialog.property(ulo::prop::kTemplateId).toUInt(), 702u);
+    EXPECT_EQ(dialog.property(ulo::prop::kBaseId).toUInt(), 700u);
+    EXPECT_EQ(dialog.property(ulo::prop::kLayout).toInt(), 2);
+    EXPECT_EQ(dialog.property(ulo::prop::kOkId).toUInt(), 1u);
+    EXPECT_EQ(dialog.property(ulo::prop::kCancelId).toUInt(), 2u);
+    EXPECT_TRUE(dialog.dynamicPropertyNames().isEmpty());
+    for (int i = 0; i < static_cast<int>(std::size(controls)); ++i) {
+        QWidget* w = dialog.GetDlgItem(controls[i].id);
+        ASSERT_NE(w, nullptr) << controls[i].id;
+        EXPECT_EQ(ulo::GetDlgCtrlID(w), controls[i].id);
+        EXPECT_EQ(w->property(ulo::prop::kCtrlIndex).toInt(), i) << controls[i].id;
+        EXPECT_TRUE(w->dynamicPropertyNames().isEmpty()) << w->metaObject()->className();
+    }
 }

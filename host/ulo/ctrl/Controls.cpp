@@ -4,11 +4,17 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <map>
+#include <string_view>
 
 #include "Dialog.h"
 #include "Win.h"
 
 namespace ulo {
+
+// The names the controls declare their properties by (Controls.h).
+static_assert(std::string_view(prop::kCtrlId) == "veldCtrlId" &&
+              std::string_view(prop::kCtrlIndex) == "veldCtrlIndex");
 
 QColor ColorFromRef(GColorRef ref) {
     return QColor(int(ref & 0xFF), int((ref >> 8) & 0xFF), int((ref >> 16) & 0xFF));
@@ -50,6 +56,20 @@ QColor schemeColor(int scheme, bool text) {
             return text ? QColor(0x20, 0x20, 0x20) : QColor(0xff, 0xff, 0xff);
     }
 }
+
+/// The palette of a scheme pair, made once: it sets only the scheme's roles,
+/// so that a button keeps the rest of the palette it inherits.
+const QPalette& schemePalette(int textScheme, int backScheme) {
+    static std::map<std::pair<int, int>, QPalette> made;
+    const auto [it, added] = made.try_emplace({textScheme, backScheme});
+    if (added) {
+        QPalette& p = it->second;
+        p.setColor(QPalette::ButtonText, schemeColor(textScheme, true));
+        p.setColor(QPalette::Button, schemeColor(backScheme, false));
+        p.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x9a, 0x9a, 0x9a));
+    }
+    return it->second;
+}
 }  // namespace
 
 CColButton::CColButton(QWidget* parent) : QPushButton(parent) {
@@ -64,11 +84,7 @@ void CColButton::SetBtnColor(int textScheme, int backScheme) {
     // A palette, not a style sheet: a style sheet is parsed and polished for
     // every button of every dialog that opens, which costs more than the rest
     // of opening a small dialog.
-    QPalette p = palette();
-    p.setColor(QPalette::ButtonText, schemeColor(textScheme, true));
-    p.setColor(QPalette::Button, schemeColor(backScheme, false));
-    p.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x9a, 0x9a, 0x9a));
-    setPalette(p);
+    setPalette(schemePalette(textScheme, backScheme));
 }
 
 void CColButton::SetImageList(const QPixmap& image) {
@@ -211,11 +227,13 @@ CCEMSGridCtrl::CCEMSGridCtrl(int rows, int columns, QWidget* parent)
 int CCEMSGridCtrl::AddRow() {
     const int row = rowCount();
     insertRow(row);
-    for (int c = 0; c < columnCount(); ++c)
-        setItem(row, c, new QTableWidgetItem());
-    if (columnCount() > 0) {
-        item(row, 0)->setFlags(Qt::ItemIsEnabled);
-        item(row, 0)->setCheckState(Qt::Unchecked);
+    for (int c = 0; c < columnCount(); ++c) {
+        auto* cell = new QTableWidgetItem();
+        if (c == 0) {  // made before it is in the grid: no change to report to the view
+            cell->setFlags(Qt::ItemIsEnabled);
+            cell->setCheckState(Qt::Unchecked);
+        }
+        setItem(row, c, cell);
     }
     return row;
 }

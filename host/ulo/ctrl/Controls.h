@@ -1,11 +1,17 @@
 #pragma once
 // Controls of the toolkit, on Qt widgets. Every control carries its id
 // (property prop::kCtrlId, WidgetProperties.h) so code and tests find it by id.
+// The classes below declare that property and prop::kCtrlIndex (as
+// QVariant: invalid until a dialog sets them), so that building a dialog
+// sets them without adding dynamic properties, each of which costs a lookup
+// through all the class's properties and an event; other widgets carry them
+// as dynamic properties.
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -28,6 +34,8 @@ GColorRef RefFromColor(const QColor& color);
 /// (2, 2) use the neutral white face with dark text; (2, 3) a grey face.
 class CColButton : public QPushButton {
     Q_OBJECT
+    Q_PROPERTY(QVariant veldCtrlId MEMBER ctrlId_)
+    Q_PROPERTY(QVariant veldCtrlIndex MEMBER ctrlIndex_)
 public:
     explicit CColButton(QWidget* parent = nullptr);
     void SetBtnColor(int textScheme, int backScheme);
@@ -39,21 +47,56 @@ public:
 private:
     int text_ = -1;
     int back_ = -1;
+    QVariant ctrlId_, ctrlIndex_;
 };
 
 /// Check box of the toolkit.
 class CCEBaseButton : public QCheckBox {
     Q_OBJECT
+    Q_PROPERTY(QVariant veldCtrlId MEMBER ctrlId_)
+    Q_PROPERTY(QVariant veldCtrlIndex MEMBER ctrlIndex_)
 public:
     using QCheckBox::QCheckBox;
+
+private:
+    QVariant ctrlId_, ctrlIndex_;
 };
 
 /// Radio button of the toolkit; buttons from one with kGroupStart to the next
 /// form an exclusive group.
 class CCERadioButton : public QRadioButton {
     Q_OBJECT
+    Q_PROPERTY(QVariant veldCtrlId MEMBER ctrlId_)
+    Q_PROPERTY(QVariant veldCtrlIndex MEMBER ctrlIndex_)
 public:
     using QRadioButton::QRadioButton;
+
+private:
+    QVariant ctrlId_, ctrlIndex_;
+};
+
+/// Static text of the toolkit.
+class CCEStatic : public QLabel {
+    Q_OBJECT
+    Q_PROPERTY(QVariant veldCtrlId MEMBER ctrlId_)
+    Q_PROPERTY(QVariant veldCtrlIndex MEMBER ctrlIndex_)
+public:
+    using QLabel::QLabel;
+
+private:
+    QVariant ctrlId_, ctrlIndex_;
+};
+
+/// Group box of the toolkit.
+class CCEGroupBox : public QGroupBox {
+    Q_OBJECT
+    Q_PROPERTY(QVariant veldCtrlId MEMBER ctrlId_)
+    Q_PROPERTY(QVariant veldCtrlIndex MEMBER ctrlIndex_)
+public:
+    using QGroupBox::QGroupBox;
+
+private:
+    QVariant ctrlId_, ctrlIndex_;
 };
 
 /// Edit that brings up the on-screen keyboard while it has the focus.
@@ -62,6 +105,8 @@ public:
 /// and when Return is pressed.
 class CCEBaseKeybEdit : public QLineEdit {
     Q_OBJECT
+    Q_PROPERTY(QVariant veldCtrlId MEMBER ctrlId_)
+    Q_PROPERTY(QVariant veldCtrlIndex MEMBER ctrlIndex_)
 public:
     explicit CCEBaseKeybEdit(QWidget* parent = nullptr);
     virtual void SetKeyb(void* keyboard);
@@ -78,6 +123,7 @@ protected:
 
 private:
     void* keyboard_ = nullptr;
+    QVariant ctrlId_, ctrlIndex_;
 };
 
 /// Keeps every letter of an edit a capital as it is typed (ES_UPPERCASE).
@@ -109,6 +155,8 @@ public:
 /// Drop-down list with a pointer-sized item data per entry.
 class CCEBaseKeybCombo : public QComboBox {
     Q_OBJECT
+    Q_PROPERTY(QVariant veldCtrlId MEMBER ctrlId_)
+    Q_PROPERTY(QVariant veldCtrlIndex MEMBER ctrlIndex_)
 public:
     explicit CCEBaseKeybCombo(QWidget* parent = nullptr);
     /// Appends (or, when sorted, inserts in order) and returns the index.
@@ -127,11 +175,14 @@ Q_SIGNALS:
 
 private:
     bool sorted_ = false;
+    QVariant ctrlId_, ctrlIndex_;
 };
 
 /// A static that paints its client area in one colour.
 class CColorStatic : public QFrame {
     Q_OBJECT
+    Q_PROPERTY(QVariant veldCtrlId MEMBER ctrlId_)
+    Q_PROPERTY(QVariant veldCtrlIndex MEMBER ctrlIndex_)
 public:
     explicit CColorStatic(QWidget* parent = nullptr, GColorRef color = 0);
     void SetColor(GColorRef color);
@@ -142,12 +193,15 @@ protected:
 
 private:
     GColorRef color_;
+    QVariant ctrlId_, ctrlIndex_;
 };
 
 /// Grid of rows with a check box column (column 1) and text columns. A tap
 /// anywhere in a check cell, or Space on the focused row, toggles its box.
 class CCEMSGridCtrl : public QTableWidget {
     Q_OBJECT
+    Q_PROPERTY(QVariant veldCtrlId MEMBER ctrlId_)
+    Q_PROPERTY(QVariant veldCtrlIndex MEMBER ctrlIndex_)
 public:
     CCEMSGridCtrl(int rows, int columns, QWidget* parent = nullptr);
     void SetAutoAddRows(bool on) { autoAdd_ = on; }
@@ -166,6 +220,7 @@ protected:
 
 private:
     bool autoAdd_ = true;
+    QVariant ctrlId_, ctrlIndex_;
 };
 
 }  // namespace ulo

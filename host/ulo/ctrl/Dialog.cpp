@@ -2,34 +2,36 @@
 
 #include <QButtonGroup>
 #include <QFontMetrics>
-#include <QHash>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QScrollBar>
 #include <QTabBar>
 #include <cmath>
+#include <map>
+#include <string>
+#include <string_view>
 
 #include "ulo/ResourceModule.h"
 #include "ulo/Xlate.h"
 
 namespace ulo {
 
+// The names the dialogs declare their properties by (Dialog.h).
+static_assert(std::string_view(prop::kTemplateId) == "veldTemplateId" &&
+              std::string_view(prop::kBaseId) == "veldBaseId" &&
+              std::string_view(prop::kLayout) == "veldLayout" &&
+              std::string_view(prop::kOkId) == "veldOkId" &&
+              std::string_view(prop::kCancelId) == "veldCancelId");
+
 // -------------------------------------------------------------- dialog units
 
 CDialogUnits::CDialogUnits(const QFont& font) {
-    // Measured once per font: every dialog of a template uses the same one.
-    static QHash<QString, std::pair<int, int>> measured;
-    auto it = measured.constFind(font.key());
-    if (it == measured.constEnd()) {
-        const QFontMetrics fm(font);
-        const int alphabet = fm.horizontalAdvance(
-            QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"));
-        it = measured.insert(font.key(),
-                             {std::max(1, (alphabet / 26 + 1) / 2), std::max(1, fm.height())});
-    }
-    baseX_ = it->first;
-    baseY_ = it->second;
+    const QFontMetrics fm(font);
+    const int alphabet = fm.horizontalAdvance(
+        QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"));
+    baseX_ = std::max(1, (alphabet / 26 + 1) / 2);
+    baseY_ = std::max(1, fm.height());
 }
 
 int CDialogUnits::X(int du) const {
@@ -64,6 +66,25 @@ QFont DialogFont(const DialogTemplate& t) {
     return f;
 }
 
+namespace {
+/// A template's font and its units, made once for each font a template names.
+struct TemplateFont {
+    QFont font;
+    CDialogUnits units;
+};
+
+const TemplateFont& templateFont(const DialogTemplate& t) {
+    static std::map<std::pair<std::wstring, int>, TemplateFont> made;
+    const std::pair<std::wstring, int> key(t.fontName ? t.fontName : L"", t.fontPoints);
+    auto it = made.find(key);
+    if (it == made.end()) {
+        const QFont font = DialogFont(t);
+        it = made.emplace(key, TemplateFont{font, CDialogUnits(font)}).first;
+    }
+    return it->second;
+}
+}  // namespace
+
 // ---------------------------------------------------------------- help hook
 
 namespace {
@@ -85,10 +106,7 @@ void InvokeHelpCommand(QWidget* dialog) {
 // ---------------------------------------------------------------- the dialog
 
 CWSizeDialog::CWSizeDialog(unsigned templateId, CWnd* parent)
-    : QDialog(parent), templateId_(templateId) {
-    setProperty(prop::kTemplateId, templateId);
-    SetOkCancelIds(IDOK, IDCANCEL);
-}
+    : QDialog(parent), templateId_(templateId) {}
 
 CWSizeDialog::~CWSizeDialog() = default;
 
@@ -99,12 +117,9 @@ bool CWSizeDialog::Build(CWnd* parent, bool child) {
     template_ = module ? module->FindTemplate(templateId_, &variant_) : nullptr;
     if (!template_)
         return false;
-    setProperty(prop::kLayout, variant_);
-    setProperty(prop::kBaseId, template_->baseId);
-
-    const QFont font = DialogFont(*template_);
-    setFont(font);
-    units_ = std::make_unique<CDialogUnits>(font);
+    const TemplateFont& font = templateFont(*template_);
+    setFont(font.font);
+    units_ = &font.units;
 
     const DlgSize size = template_->size[variant_];
     const QSize pixels(units_->X(size.w), units_->Y(size.h));
@@ -147,7 +162,7 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
     if (!w) {
         switch (ctrl.kind) {
             case CtrlKind::Static: {
-                auto* l = new QLabel(label, this);
+                auto* l = new CCEStatic(label, this);
                 l->setTextFormat(Qt::PlainText);
                 l->setAlignment((ctrl.style & kCenter)  ? Qt::AlignHCenter | Qt::AlignTop
                                 : (ctrl.style & kRight) ? Qt::AlignRight | Qt::AlignTop
@@ -160,7 +175,7 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
                 break;
             }
             case CtrlKind::GroupBox:
-                w = new QGroupBox(label, this);
+                w = new CCEGroupBox(label, this);
                 break;
             case CtrlKind::PushButton: {
                 auto* b = new CColButton(this);
@@ -225,10 +240,8 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
     if (w->parentWidget() != this)
         w->setParent(this);
     w->setProperty(prop::kCtrlId, ctrl.id);
-    if (ctrl.id != kStaticId) {
-        w->setObjectName(QStringLiteral("ctrl_%1").arg(ctrl.id));
+    if (ctrl.id != kStaticId)
         controls_.emplace(ctrl.id, w);  // the first control of an id is the one found
-    }
     w->setGeometry(units_->Rect(ctrl.rect[variant]));
     if (ctrl.kind == CtrlKind::GroupBox)
         w->lower();
@@ -255,7 +268,6 @@ INT_PTR CWSizeDialog::DoModal() {
 
 bool CWSizeDialog::Create(unsigned templateId, CWnd* parent) {
     templateId_ = templateId;
-    setProperty(prop::kTemplateId, templateId);
     if (!Build(parent, true))
         return false;
     OnInitDialog();
@@ -295,8 +307,6 @@ QWidget* CWSizeDialog::CreateCustomControl(const CtrlTemplate&, QWidget*) {
 void CWSizeDialog::SetOkCancelIds(unsigned okId, unsigned cancelId) {
     okId_ = okId;
     cancelId_ = cancelId;
-    setProperty(prop::kOkId, okId);
-    setProperty(prop::kCancelId, cancelId);
 }
 
 void CWSizeDialog::EndDialog(int code) {

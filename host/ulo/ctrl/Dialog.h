@@ -17,6 +17,7 @@ namespace ulo {
 /// Converts dialog units to pixels for the dialog font.
 class CDialogUnits {
 public:
+    /// Measures the font (costly: dialogs share the units of their template).
     explicit CDialogUnits(const QFont& font);
     int X(int du) const;
     int Y(int du) const;
@@ -33,6 +34,14 @@ QFont DialogFont(const DialogTemplate& t);
 
 class CWSizeDialog : public QDialog {
     Q_OBJECT
+    // What the host, the scripted user and the tests read by the names of
+    // WidgetProperties.h: declared, so that opening a dialog sets no dynamic
+    // property (each costs a lookup and an event).
+    Q_PROPERTY(unsigned veldTemplateId READ GetTemplateId)
+    Q_PROPERTY(unsigned veldBaseId READ GetBaseId)
+    Q_PROPERTY(int veldLayout READ GetLayoutVariant)
+    Q_PROPERTY(unsigned veldOkId READ GetOkId)
+    Q_PROPERTY(unsigned veldCancelId READ GetCancelId)
 public:
     CWSizeDialog(unsigned templateId, CWnd* parent);
     ~CWSizeDialog() override;
@@ -44,8 +53,12 @@ public:
     bool Create(unsigned templateId, CWnd* parent);
 
     unsigned GetTemplateId() const { return templateId_; }
+    /// The base id N of the template (0 before it is built).
+    unsigned GetBaseId() const { return template_ ? template_->baseId : 0; }
     int GetLayoutVariant() const { return variant_; }
     const DialogTemplate* GetTemplate() const { return template_; }
+    unsigned GetOkId() const { return okId_; }
+    unsigned GetCancelId() const { return cancelId_; }
     bool IsBuilt() const { return built_; }
 
     QWidget* GetDlgItem(unsigned id) const;
@@ -106,7 +119,7 @@ private:
     bool built_ = false;
     unsigned okId_ = IDOK;
     unsigned cancelId_ = IDCANCEL;
-    std::unique_ptr<CDialogUnits> units_;
+    const CDialogUnits* units_ = nullptr;
     std::unordered_map<unsigned, QPointer<QWidget>> controls_;
 };
 
