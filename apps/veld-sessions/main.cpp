@@ -10,8 +10,8 @@
 #include <cstdio>
 
 #include "SessionRunner.h"
-#include "factory/IVELDDlgFactory.h"
 #include "automation/HostileTexts.h"
+#include "factory/IVELDDlgFactory.h"
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))

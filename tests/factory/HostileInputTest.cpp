@@ -11,8 +11,8 @@
 #include "ulo/ctrl/Win.h"
 #include "veld/FileReaderPasswordRequest.h"
 
-using automation::ScriptedUser;
 using automation::Printable;
+using automation::ScriptedUser;
 
 namespace {
 constexpr unsigned kOk = 11196;

@@ -13,8 +13,8 @@
 #include "DrawingHost.h"
 #include "Player.h"
 #include "SessionRunner.h"
-#include "factory/IVELDDlgFactory.h"
 #include "automation/HostileTexts.h"
+#include "factory/IVELDDlgFactory.h"
 
 namespace {
 
