@@ -2,10 +2,8 @@
 
 #include <QHeaderView>
 #include <QStyle>
-#include <cwctype>
 #include <new>
 #include <string>
-#include <unordered_set>
 
 #include "app/VELD.h"
 #include "res/StringIds.h"
@@ -30,15 +28,6 @@ constexpr int kColDesc = 2;
 // Base pixel widths of the row header and the check box column.
 constexpr int kRowHeaderWidth = 20;
 constexpr int kCheckWidth = 40;
-
-/// A name as the tables compare it: letter case ignored, character by
-/// character as ulo::WString::CompareIgnoreCase does.
-std::wstring NameKey(const ulo::WString& name) {
-    std::wstring key = name.str();
-    for (wchar_t& c : key)
-        c = static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(c)));
-    return key;
-}
 
 }  // namespace
 
@@ -151,9 +140,10 @@ void CLtypeLoadDialog::FillGrid(unsigned count) {
     grid_->setUpdatesEnabled(false);
     grid_->setRowCount(0);
     grid_->setEnabled(count > 0);
+    const int first = grid_->AddRows(static_cast<int>(count));
     for (unsigned i = 0; i < count; ++i) {
         const veld::CLtype* ltype = loader_.GetLtypeNo(i);
-        const int row = grid_->AddRow();
+        const int row = first + static_cast<int>(i);
         // The row header is an empty handle: row numbers would not fit it.
         grid_->setVerticalHeaderItem(row, new QTableWidgetItem());
         grid_->SetItemPtr(row, reinterpret_cast<quintptr>(ltype));
@@ -167,25 +157,13 @@ void CLtypeLoadDialog::OnOK() {
     newLtypes_.RemoveAll();
     veld::CLtypeTable* table = veld::GetMainLtypeTable(data_);
     const veld::CObjectFactory* factory = data_->GetObjectFactory();
-    // The table finds a name by walking its items: its names are indexed
-    // once, when the first checked row asks.
-    std::unordered_set<std::wstring> inDrawing;
-    bool indexed = false;
     for (int row = 0; row < grid_->rowCount(); ++row) {
         if (!grid_->GetCheck(row))
             continue;
         const auto* ltype = reinterpret_cast<const veld::CLtype*>(grid_->GetItemPtr(row));
-        if (!ltype)
-            continue;
-        if (!indexed) {
-            inDrawing.reserve(table->GetNoItems());
-            for (unsigned i = 0; i < table->GetNoItems(); ++i)
-                inDrawing.insert(NameKey(table->GetNo(i)->GetName()));
-            indexed = true;
-        }
         // Two checked rows of one name both come: only the drawing's names
         // are in the way.
-        if (inDrawing.contains(NameKey(ltype->GetName())))
+        if (!ltype || table->Find(ltype->GetName()))
             continue;
         veld::CLtype* made =
             factory->CreateLtype(ltype->GetName(), ltype->GetDesc(),

@@ -225,17 +225,22 @@ CCEMSGridCtrl::CCEMSGridCtrl(int rows, int columns, QWidget* parent)
 }
 
 int CCEMSGridCtrl::AddRow() {
-    const int row = rowCount();
-    insertRow(row);
-    for (int c = 0; c < columnCount(); ++c) {
-        auto* cell = new QTableWidgetItem();
-        if (c == 0) {  // made before it is in the grid: no change to report to the view
-            cell->setFlags(Qt::ItemIsEnabled);
-            cell->setCheckState(Qt::Unchecked);
+    return AddRows(1);
+}
+
+int CCEMSGridCtrl::AddRows(int n) {
+    const int first = rowCount();
+    setRowCount(first + n);
+    for (int row = first; row < first + n; ++row)
+        for (int c = 0; c < columnCount(); ++c) {
+            auto* cell = new QTableWidgetItem();
+            if (c == 0) {  // made before it is in the grid: no change to report to the view
+                cell->setFlags(Qt::ItemIsEnabled);
+                cell->setCheckState(Qt::Unchecked);
+            }
+            setItem(row, c, cell);
         }
-        setItem(row, c, cell);
-    }
-    return row;
+    return first;
 }
 
 void CCEMSGridCtrl::DeleteRow(int row) {

@@ -206,6 +206,9 @@ public:
     CCEMSGridCtrl(int rows, int columns, QWidget* parent = nullptr);
     void SetAutoAddRows(bool on) { autoAdd_ = on; }
     int AddRow();
+    /// Appends @p n rows at once (one insertion for the view, not one per
+    /// row); returns the first of them.
+    int AddRows(int n);
     void DeleteRow(int row);
     void SetCheck(int row, bool checked);
     bool GetCheck(int row) const;
