@@ -17,8 +17,7 @@ wchar_t fold(wchar_t c) {
 /// two names match ignoring case exactly when their keys are equal.
 std::wstring folded(const ulo::WString& name) {
     std::wstring key = name.str();
-    for (wchar_t& c : key)
-        c = fold(c);
+    std::transform(key.begin(), key.end(), key.begin(), fold);
     return key;
 }
 
@@ -62,15 +61,18 @@ void CTableImp::Reserve(std::size_t n) {
 
 ITableItem* CTableImp::FindItem(const ulo::WString& name) const {
     // Most names are short: fold them on the stack.
-    wchar_t buffer[64] = {};
     const std::wstring& text = name.str();
-    if (text.size() > std::size(buffer)) {
-        const auto it = byName_.find(folded(name));
-        return it == byName_.end() ? nullptr : it->second.first;
+    wchar_t buffer[64] = {};
+    std::wstring longKey;
+    std::wstring_view key;
+    if (text.size() <= std::size(buffer)) {
+        std::transform(text.begin(), text.end(), buffer, fold);
+        key = std::wstring_view(buffer, text.size());
+    } else {
+        longKey = folded(name);
+        key = longKey;
     }
-    for (std::size_t i = 0; i < text.size(); ++i)
-        buffer[i] = fold(text[i]);
-    const auto it = byName_.find(std::wstring_view(buffer, text.size()));
+    const auto it = byName_.find(key);
     return it == byName_.end() ? nullptr : it->second.first;
 }
 
