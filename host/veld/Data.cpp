@@ -39,6 +39,26 @@ bool CData::IsItemReferenced(const ITableItem* item) const {
     return false;
 }
 
+CData::CItemUsage::CItemUsage(const CData& data) : data_(data) {
+    for (unsigned i = 0; i < data.layers_.GetNoItems(); ++i)
+        referenced_.insert(data.layers_.GetNo(i)->GetLtype());
+    for (unsigned i = 0; i < data.ents_.GetNoEnts(); ++i)
+        for (const ITableItem* item : data.ents_.GetEnt(i)->GetReferredItems())
+            referenced_.insert(item);
+    referenced_.erase(nullptr);
+}
+
+bool CData::CItemUsage::IsUsed(const ITableItem* item) const {
+    if (!item)
+        return false;
+    if (referenced_.contains(item))
+        return true;
+    for (const auto& test : data_.referenceTests_)
+        if (test(item))
+            return true;
+    return false;
+}
+
 void CData::AddReferenceTest(std::function<bool(const ITableItem*)> test) {
     referenceTests_.push_back(std::move(test));
 }

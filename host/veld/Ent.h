@@ -3,6 +3,7 @@
 // index (0 ByBlock, 1..255, 256 ByLayer), a layer, a line type, an entity set
 // and a user type that says which changes it allows. An entity holds a
 // reference on its layer, line type, set and text style.
+#include <array>
 #include <vector>
 
 #include "Drawing.h"
@@ -83,6 +84,11 @@ public:
 
     /// True when @p item (layer, line type or text style) is used by the entity.
     virtual bool RefersTo(const ITableItem* item) const;
+    /// The items RefersTo is true for: the layer, the line type and the text
+    /// style (null where the entity has none).
+    std::array<const ITableItem*, 3> GetReferredItems() const {
+        return {s_.layer.get(), s_.ltype.get(), s_.text.style.get()};
+    }
 
     ulo::IMemento* CreateMemento() const override;
     bool HasChanged(const ulo::IMemento* memento) const override;

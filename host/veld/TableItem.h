@@ -5,6 +5,8 @@
 // Names: an item that depends on an external reference is named
 // "XREFNAME|ITEM"; GetName gives the whole name and GetFullName the same text
 // (the list shows it as it stands).
+#include <cstdint>
+
 #include "ulo/Memento.h"
 #include "ulo/RefCounter.h"
 #include "ulo/WString.h"
@@ -49,6 +51,10 @@ private:
     unsigned flags_;
     CData* data_ = nullptr;
     CTableImp* table_ = nullptr;  // the table holding the item
+    // The item's place in table order, numbered by the table that first took
+    // it (orderTable_: that table's serial number; 0: none yet).
+    std::uint64_t order_ = 0;
+    std::uint64_t orderTable_ = 0;
 };
 
 /// A table item whose memento holds its name, its flags and its own state
@@ -64,6 +70,12 @@ public:
         const auto* m = dynamic_cast<const Memento*>(memento);
         return !m || m->state.item.name != GetName() || m->state.item.flags != GetFlags() ||
                !(m->state.own == s_);
+    }
+    /// The name kept in @p memento, one of this item class's; null for any
+    /// other memento.
+    static const ulo::WString* GetMementoName(const ulo::IMemento* memento) {
+        const auto* m = dynamic_cast<const Memento*>(memento);
+        return m ? &m->state.item.name : nullptr;
     }
 
 protected:

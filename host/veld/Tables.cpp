@@ -1,6 +1,8 @@
 #include "Tables.h"
 
 #include <algorithm>
+#include <atomic>
+#include <cassert>
 #include <cwctype>
 
 #include "Data.h"
@@ -21,7 +23,14 @@ std::wstring folded(const ulo::WString& name) {
     return key;
 }
 
+std::uint64_t nextTableSerial() {
+    static std::atomic<std::uint64_t> serial{0};
+    return ++serial;
+}
+
 }  // namespace
+
+CTableImp::CTableImp(CData* data) : data_(data), serial_(nextTableSerial()) {}
 
 CTableImp::~CTableImp() {
     for (ITableItem* item : items_) {
@@ -37,8 +46,17 @@ bool CTableImp::Add(ITableItem* item) {
     item->AddReference();
     item->SetData(data_);
     item->table_ = this;
-    items_.push_back(item);
-    Index(item, true);
+    bool appended = true;
+    if (item->orderTable_ == serial_ && item->order_ != 0 && item->order_ < nextOrder_) {
+        const auto at = Place(item->order_);
+        appended = at == items_.end();
+        items_.insert(at, item);
+    } else {
+        item->order_ = nextOrder_++;
+        item->orderTable_ = serial_;
+        items_.push_back(item);
+    }
+    Index(item, appended);
     Changed();
     return true;
 }
@@ -46,12 +64,31 @@ bool CTableImp::Add(ITableItem* item) {
 bool CTableImp::Remove(ITableItem* item) {
     if (!Contains(item))
         return false;
+    const auto at = Position(item);
     Unindex(item);
-    items_.erase(std::find(items_.begin(), items_.end(), item));
+    items_.erase(at);
+    if (items_.empty()) {
+        // Nothing is left to keep a place among: what comes next (a file
+        // read in, say) sets a new order.
+        serial_ = nextTableSerial();
+        nextOrder_ = 1;
+    }
     item->table_ = nullptr;
     Changed();
     item->SubReference();
     return true;
+}
+
+std::vector<ITableItem*>::const_iterator CTableImp::Place(std::uint64_t order) const {
+    return std::lower_bound(
+        items_.begin(), items_.end(), order,
+        [](const ITableItem* item, std::uint64_t o) { return item->order_ < o; });
+}
+
+std::vector<ITableItem*>::const_iterator CTableImp::Position(const ITableItem* item) const {
+    const auto at = Place(item->order_);
+    assert(at != items_.end() && *at == item);
+    return at;
 }
 
 void CTableImp::Reserve(std::size_t n) {
@@ -80,11 +117,9 @@ void CTableImp::Index(ITableItem* item, bool appended) {
     auto [it, added] = byName_.try_emplace(folded(item->GetName()), Named{item, 0});
     Named& named = it->second;
     ++named.count;
-    // A renamed item may come before the one found by its new name so far
-    // (rare: the dialogs refuse names taken twice).
-    if (!added && !appended &&
-        std::find(items_.begin(), items_.end(), item) <
-            std::find(items_.begin(), items_.end(), named.first))
+    // A renamed item, or one put back in its old place, may come before the
+    // one found by that name so far.
+    if (!added && !appended && item->order_ < named.first->order_)
         named.first = item;
 }
 
@@ -96,12 +131,12 @@ void CTableImp::Unindex(ITableItem* item) {
     if (--named.count == 0) {
         byName_.erase(it);
     } else if (named.first == item) {
-        // Names taken twice are rare (the dialogs refuse them): look for the
-        // next one in table order.
+        // Names taken twice are rare (the dialogs refuse them): the next one
+        // in table order comes after this one.
         named.first = nullptr;
-        for (ITableItem* other : items_)
-            if (other != item && folded(other->GetName()) == it->first) {
-                named.first = other;
+        for (auto other = Position(item) + 1; other != items_.end(); ++other)
+            if (folded((*other)->GetName()) == it->first) {
+                named.first = *other;
                 break;
             }
     }

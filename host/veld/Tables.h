@@ -6,6 +6,14 @@
 // Lookups by name go through an index of the case-folded names, kept in step
 // when items come, go or are renamed (undo renames through the item's
 // memento), so finding an item costs the same with 50 000 items as with ten.
+//
+// Table order: a table numbers each item the first time it takes it and keeps
+// its items in that order, so an item taken out and put back (a cancelled
+// dialog, undo) returns to its old place and the drawing reads as before. A
+// table once emptied starts a new order: items then come in the order they
+// are added (the file reader takes every item out, then adds them as the file
+// lists them).
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -21,7 +29,7 @@ class CData;
 
 class CTableImp {
 public:
-    explicit CTableImp(CData* data) : data_(data) {}
+    explicit CTableImp(CData* data);
     virtual ~CTableImp();
     CTableImp(const CTableImp&) = delete;
     CTableImp& operator=(const CTableImp&) = delete;
@@ -29,6 +37,8 @@ public:
     /// Makes room for @p n items (a reader that knows how many come).
     void Reserve(std::size_t n);
     /// Adds @p item (the table takes its own reference); false when present.
+    /// An item this table held before (since it was last empty) goes back to
+    /// its place, any other one joins the end.
     bool Add(ITableItem* item);
     /// Removes @p item and releases the table's reference; false when absent.
     bool Remove(ITableItem* item);
@@ -47,6 +57,10 @@ private:
     void Index(ITableItem* item, bool appended);
     void Unindex(ITableItem* item);
     void Changed() const;
+    /// The first place in items_ whose item is not numbered below @p order.
+    std::vector<ITableItem*>::const_iterator Place(std::uint64_t order) const;
+    /// Where @p item, held by this table, stands in items_.
+    std::vector<ITableItem*>::const_iterator Position(const ITableItem* item) const;
 
     /// The items of one folded name: the first in table order and how many.
     struct Named {
@@ -61,7 +75,11 @@ private:
         }
     };
     CData* data_;
-    std::vector<ITableItem*> items_;
+    /// Tells this table's numbering from another's (or from its own before it
+    /// was emptied), even one at the same address.
+    std::uint64_t serial_;
+    std::uint64_t nextOrder_ = 1;
+    std::vector<ITableItem*> items_;  // in increasing ITableItem::order_
     std::unordered_map<std::wstring, Named, Hash, std::equal_to<>> byName_;
 };
 

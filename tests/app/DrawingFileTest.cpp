@@ -192,8 +192,8 @@ TEST(DrawingFile, SaveAndLoadGiveTheSameDrawingPlainAndSealed) {
 }
 
 TEST(DrawingFile, LoadingTheSameFileTwiceGivesTheSameObjectsInTableOrder) {
-    // Items restored by undo join the end of their table: the order is kept
-    // as it stands, built-in items included.
+    // A file keeps the table order as it stands, built-in items included:
+    // here layer 0 comes after WALLS (the emptied table took a new order).
     CVELD cad;
     veld::CLayer* zero = cad.GetData()->GetLayerTable().Find(L"0");
     zero->AddReference();

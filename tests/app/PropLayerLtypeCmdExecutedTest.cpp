@@ -9,8 +9,7 @@
 #include "app/VELD.h"
 
 namespace {
-/// Everything the command covers, as comparable text (items by name: an item
-/// put back joins the end of its table).
+/// Everything the command covers, as comparable text (items by name).
 std::wstring tableState(CVELD& cad) {
     std::set<std::wstring> items;
     veld::CData::CLayerIterator layers(cad.GetData(), true);

@@ -14,8 +14,7 @@
 #include "shell/CPropertyMultiCmdExecuted.h"
 
 namespace {
-/// The state the style command covers, as comparable text (styles by name:
-/// a style put back joins the end of the table).
+/// The state the style command covers, as comparable text (styles by name).
 std::wstring styleState(CVELD& cad) {
     std::set<std::wstring> styles;
     veld::CData::CStyleIterator it(cad.GetData(), true);

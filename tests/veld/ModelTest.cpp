@@ -265,3 +265,88 @@ TEST(HatchTypes, SixtyNineLegacyTypes) {
     EXPECT_EQ(p->GetLegacyHatchType(-2), nullptr);
     EXPECT_EQ(p->GetLegacyHatchType(68), nullptr);
 }
+
+TEST(Tables, ItemsPutBackReturnToTheirPlace) {
+    // "twice" and "TWICE" share a name: the first of them in table order is
+    // found whatever order they come back in.
+    const std::vector<std::wstring> start = {L"0", L"A", L"twice", L"C", L"TWICE", L"E"};
+    struct Row {
+        const char* what;
+        std::vector<std::wstring> removed, putBack;
+        bool newItemBetween;  // a new layer joins while the others are out
+    } const rows[] = {
+        {"one from the middle", {L"twice"}, {L"twice"}, false},
+        {"several, back in reverse", {L"A", L"twice", L"C"}, {L"C", L"twice", L"A"}, false},
+        {"first and last", {L"0", L"E"}, {L"E", L"0"}, false},
+        {"namesakes, later one first", {L"twice", L"TWICE"}, {L"TWICE", L"twice"}, false},
+        {"namesakes, first one first", {L"TWICE", L"twice"}, {L"twice", L"TWICE"}, false},
+        {"with a new item meanwhile", {L"A", L"E"}, {L"E", L"A"}, true},
+    };
+    for (const Row& row : rows) {
+        CData data;
+        CLayerTable& layers = data.GetLayerTable();
+        std::vector<CLayer*> byName;  // start order, one reference each
+        byName.push_back(layers.Find(L"0"));
+        byName.back()->AddReference();
+        for (std::size_t i = 1; i < start.size(); ++i) {
+            auto* l = static_cast<CLayer*>(someLayer(data));
+            l->SetName(start[i]);
+            layers.Add(l);
+            byName.push_back(l);
+        }
+        const auto item = [&](const std::wstring& name) {
+            return byName[std::find(start.begin(), start.end(), name) - start.begin()];
+        };
+        for (const auto& name : row.removed)
+            ASSERT_TRUE(layers.Remove(item(name))) << row.what;
+        std::vector<std::wstring> expected = start;
+        if (row.newItemBetween) {
+            auto* fresh = static_cast<CLayer*>(someLayer(data));
+            fresh->SetName(L"NEW");
+            layers.Add(fresh);
+            fresh->SubReference();
+            expected.push_back(L"NEW");
+        }
+        for (const auto& name : row.putBack)
+            ASSERT_TRUE(layers.Add(item(name))) << row.what;
+
+        std::vector<std::wstring> order;
+        for (unsigned i = 0; i < layers.GetNoItems(); ++i)
+            order.push_back(layers.GetNo(i)->GetName().str());
+        EXPECT_EQ(order, expected) << row.what;
+        EXPECT_EQ(layers.Find(L"Twice"), item(L"twice")) << row.what;
+        for (const auto& name : start)
+            EXPECT_EQ(layers.Find(name), item(name == L"TWICE" ? L"twice" : name)) << row.what;
+        for (CLayer* l : byName)
+            l->SubReference();
+    }
+
+    // An item another table held joins the end.
+    CData one, other;
+    auto* moved = static_cast<CLayer*>(someLayer(one));
+    one.GetLayerTable().Add(moved);
+    one.GetLayerTable().Remove(moved);
+    auto* later = static_cast<CLayer*>(someLayer(other));
+    later->SetName(L"LATER");
+    other.GetLayerTable().Add(later);
+    other.GetLayerTable().Add(moved);
+    EXPECT_EQ(other.GetLayerTable().GetNo(other.GetLayerTable().GetNoItems() - 1), moved);
+    later->SubReference();
+    moved->SubReference();
+
+    // A table once emptied takes a new order, as a file read in lists it.
+    CData read;
+    CLtypeTable& ltypes = read.GetLtypeTable();
+    std::vector<CLtype*> taken;
+    while (ltypes.GetNoItems() > 0) {
+        taken.push_back(ltypes.GetNo(0));
+        taken.back()->AddReference();
+        ltypes.Remove(taken.back());
+    }
+    for (auto it = taken.rbegin(); it != taken.rend(); ++it) {
+        ltypes.Add(*it);
+        (*it)->SubReference();
+    }
+    for (unsigned i = 0; i < ltypes.GetNoItems(); ++i)
+        EXPECT_EQ(ltypes.GetNo(i), taken[taken.size() - 1 - i]) << i;
+}
