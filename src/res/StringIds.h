@@ -24,6 +24,21 @@ constexpr unsigned kColDescription = 11583;
 /// error code of the loader (11585 + code).
 constexpr unsigned kLtypeReasonFirst = 11586;
 constexpr unsigned kLtypeReasonLast = 11592;
+/// The layers and line types dialogs and their controller.
+constexpr unsigned kColLayerName = 11518;  ///< 11518..11523: the layer list's columns
+constexpr unsigned kColLtypeName = 11524;  ///< 11524..11526: the line type list's columns
+constexpr unsigned kLayerNotCurrent = 11527;
+constexpr unsigned kLayerNotDeleted = 11528;
+constexpr unsigned kLayerNameEmpty = 11529;
+constexpr unsigned kLayerNameTaken = 11530;
+constexpr unsigned kLayerNameLetters = 11531;
+constexpr unsigned kCurLayerOff = 11532;
+constexpr unsigned kCurLayerNoFreeze = 11533;
+constexpr unsigned kLtypeNotDeleted = 11550;
+constexpr unsigned kFilterAll = 11593;  ///< 11593 "All", 11594 in use, 11595 unused
+constexpr unsigned kSelectLayerToErase = 11597;
+constexpr unsigned kSelectLtypeToErase = 11603;
+constexpr unsigned kSelectLtypeToCurrent = 11604;
 
 inline constexpr unsigned kLoadedStringIds[] = {
     kError,
@@ -46,6 +61,29 @@ inline constexpr unsigned kLoadedStringIds[] = {
     kLtypeReasonFirst + 4,
     kLtypeReasonFirst + 5,
     kLtypeReasonLast,
+    kColLayerName,
+    kColLayerName + 1,
+    kColLayerName + 2,
+    kColLayerName + 3,
+    kColLayerName + 4,
+    kColLayerName + 5,
+    kColLtypeName,
+    kColLtypeName + 1,
+    kColLtypeName + 2,
+    kLayerNotCurrent,
+    kLayerNotDeleted,
+    kLayerNameEmpty,
+    kLayerNameTaken,
+    kLayerNameLetters,
+    kCurLayerOff,
+    kCurLayerNoFreeze,
+    kLtypeNotDeleted,
+    kFilterAll,
+    kFilterAll + 1,
+    kFilterAll + 2,
+    kSelectLayerToErase,
+    kSelectLtypeToErase,
+    kSelectLtypeToCurrent,
 };
 
 }  // namespace veld5::ids

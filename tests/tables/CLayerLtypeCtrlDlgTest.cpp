@@ -1,0 +1,419 @@
+// The layer and line type table controller on the sample drawing: the rules
+// and their warnings, new layers, the rename check, and the end of a visit
+// (Rollback leaves the drawing as it was, Commit hands over one command that
+// undo and redo walk between the two states).
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "app/DrawingFile.h"
+#include "app/SampleDrawing.h"
+#include "app/VELD.h"
+#include "tables/CLayerLtypeCtrlDlg.h"
+#include "veld/Data.h"
+
+using veld5::CLayerLtypeCtrlDlg;
+
+namespace {
+
+constexpr const wchar_t* kNotCurrent =
+    L"The layer selected can not be made current.\r\n\r\nThe following layers can not be made "
+    L"current:\r\n\t-XRef Layers\r\n\t-Frozen Layers";
+constexpr const wchar_t* kNotDeleted =
+    L"The layer selected is not was deleted.\r\n\r\nThe following layers can not be "
+    L"deleted:\r\n\tLayer 0\r\n\tCurrent Layer\r\n\tXRef Layers\r\n\tLayers with objects";
+constexpr const wchar_t* kLtypeNotDeleted =
+    L"The line type selected has not been canceled.\r\n\r\nThe following types of line can not "
+    L"be deleted.\r\n\tLine type ByBlock, ByLayer and Continuous\r\n\tLine type current\r\n\tLine "
+    L"type Xref\r\n\tLine type in objects or layers";
+
+std::string write(const CVELD& cad) {
+    return drawingfile::Write(cad).toStdString();
+}
+/// The drawing with what lives only in the running program (undo counts).
+std::string dump(const CVELD& cad) {
+    return drawingfile::Dump(cad).toStdString();
+}
+
+struct Message {
+    std::wstring caption, text;
+    unsigned flags;
+};
+
+class Recorder : public CLayerLtypeCtrlDlg::IMsgNotification {
+public:
+    int ShowMessage(const wchar_t* caption, const wchar_t* text, unsigned flags) override {
+        messages.push_back({caption, text, flags});
+        return 1;
+    }
+    std::vector<Message> messages;
+};
+
+/// One visit of the dialogs: the sample drawing with two unused layers and an
+/// unused line type added, and a controller made on it.
+struct Visit {
+    Visit() {
+        BuildSampleDrawing(cad);
+        for (const wchar_t* name : {L"SPARE1", L"SPARE2"}) {
+            veld::CLayer* l = data()->GetObjectFactory()->CreateLayer(
+                name, ltype(L"Continuous"), 30, veld::kLineWidthDefault, 0, 0);
+            data()->GetLayerTable().Add(l);
+            l->SubReference();
+        }
+        data()->GetLtypeTable().Add(newLtype(L"SPARE_LT", 1.0).get());
+        dumpBefore = dump(cad);
+        writeBefore = write(cad);
+        ctrl = ulo::RefPtr<CLayerLtypeCtrlDlg>::Adopt(new CLayerLtypeCtrlDlg(&cad));
+        ctrl->SetNotifier(&recorder);
+    }
+    veld::CData* data() { return cad.GetData(); }
+    veld::CLayer* layer(const wchar_t* name) { return veld::FindLayer(data(), name); }
+    veld::CLtype* ltype(const wchar_t* name) { return data()->GetLtypeTable().Find(name); }
+    /// A line type in no table, as the loading dialog makes them.
+    ulo::RefPtr<veld::CLtype> newLtype(const wchar_t* name, double dash) {
+        veld::CLtypeComplexDashSeq seq;
+        seq.AddDashDouble(dash);
+        seq.AddDashDouble(-dash / 2);
+        return ulo::RefPtr<veld::CLtype>::Adopt(
+            data()->GetObjectFactory()->CreateLtype(name, L"loaded", seq, 0, 0));
+    }
+    void select(const std::vector<const wchar_t*>& names) {
+        ctrl->ClearSelLayers();
+        for (const wchar_t* name : names)
+            ctrl->AddSelLayer(layer(name));
+    }
+
+    CVELD cad;
+    Recorder recorder;
+    std::string dumpBefore, writeBefore;
+    ulo::RefPtr<CLayerLtypeCtrlDlg> ctrl;
+};
+
+}  // namespace
+
+// Refusals: each shows its own text, caption "Warning", exclamation and OK,
+// and leaves the drawing and the chosen current items as they were.
+TEST(LayerLtypeCtrlRules, RefusalsWarnWordForWordAndChangeNothing) {
+    struct Row {
+        const char* what;
+        std::function<void(Visit&)> prepare;
+        std::function<bool(Visit&)> act;
+        const wchar_t* text;
+    };
+    const auto makeCurrent = [](const wchar_t* name) {
+        return [name](Visit& v) {
+            v.select({name});
+            return v.ctrl->MakeSelLayerCurrent();
+        };
+    };
+    const auto erase = [](std::vector<const wchar_t*> names) {
+        return [names](Visit& v) {
+            v.select(names);
+            v.ctrl->DeleteSelLayers();
+            return false;
+        };
+    };
+    const auto ltypeAct = [](const wchar_t* name, bool (CLayerLtypeCtrlDlg::*op)()) {
+        return [name, op](Visit& v) {
+            v.ctrl->SetSelLtype(name ? v.ltype(name) : nullptr);
+            return ((*v.ctrl).*op)();
+        };
+    };
+    const auto current = &CLayerLtypeCtrlDlg::MakeSelLtypeCurrent;
+    const auto del = &CLayerLtypeCtrlDlg::DeleteSelLtype;
+    const Row rows[] = {
+        {"frozen layer made current", nullptr, makeCurrent(L"CONTOURS"), kNotCurrent},
+        {"external layer made current", nullptr, makeCurrent(L"BASEMAP|ROADS"), kNotCurrent},
+        {"nothing selected to erase", nullptr, erase({}), L"Select a layer to erase"},
+        {"layer 0 alone", nullptr, erase({L"0"}), kNotDeleted},
+        {"host's current layer", nullptr, erase({L"BUILDINGS"}), kNotDeleted},
+        {"layer chosen current in the visit", makeCurrent(L"SPARE1"), erase({L"SPARE1"}),
+         kNotDeleted},
+        {"layer with objects", nullptr, erase({L"TREES"}), kNotDeleted},
+        {"external layer", nullptr, erase({L"BASEMAP|ROADS"}), kNotDeleted},
+        {"no line type to make current", nullptr, ltypeAct(nullptr, current),
+         L"Select a linetype to make it current"},
+        {"external line type made current", nullptr, ltypeAct(L"BASEMAP|TRACK", current),
+         L"A type line XRef-dependent can not be made current"},
+        {"no line type to erase", nullptr, ltypeAct(nullptr, del), L"Select a linetype to erase."},
+        {"ByBlock", nullptr, ltypeAct(L"ByBlock", del), kLtypeNotDeleted},
+        {"ByLayer", nullptr, ltypeAct(L"ByLayer", del), kLtypeNotDeleted},
+        {"Continuous", nullptr, ltypeAct(L"Continuous", del), kLtypeNotDeleted},
+        {"external line type", nullptr, ltypeAct(L"BASEMAP|TRACK", del), kLtypeNotDeleted},
+        {"line type of a layer", nullptr, ltypeAct(L"HIDDEN", del), kLtypeNotDeleted},
+        {"line type chosen current in the visit", ltypeAct(L"SPARE_LT", current),
+         ltypeAct(L"SPARE_LT", del), kLtypeNotDeleted},
+    };
+    for (const Row& row : rows) {
+        Visit v;
+        ASSERT_TRUE(v.layer(L"TREES")->IsItemUsed());
+        if (row.prepare)
+            row.prepare(v);
+        const std::string drawing = write(v.cad);
+        veld::CLayer* curLayer = v.ctrl->GetCurLayer();
+        veld::CLtype* curLtype = v.ctrl->GetCurLtype();
+        v.recorder.messages.clear();
+
+        EXPECT_FALSE(row.act(v)) << row.what;
+        ASSERT_EQ(v.recorder.messages.size(), 1u) << row.what;
+        EXPECT_EQ(v.recorder.messages[0].caption, L"Warning") << row.what;
+        EXPECT_EQ(v.recorder.messages[0].text, row.text) << row.what;
+        EXPECT_EQ(v.recorder.messages[0].flags, 0x30u) << row.what;
+        EXPECT_EQ(write(v.cad), drawing) << row.what;
+        EXPECT_EQ(v.ctrl->GetCurLayer(), curLayer) << row.what;
+        EXPECT_EQ(v.ctrl->GetCurLtype(), curLtype) << row.what;
+    }
+}
+
+TEST(LayerLtypeCtrlRules, SeveralSelectedDeleteWhatMayGoWithoutAWarning) {
+    Visit v;
+    v.select({L"0", L"SPARE1", L"TREES", L"SPARE2"});
+    v.ctrl->DeleteSelLayers();
+    EXPECT_TRUE(v.recorder.messages.empty());
+    EXPECT_EQ(v.layer(L"SPARE1"), nullptr);
+    EXPECT_EQ(v.layer(L"SPARE2"), nullptr);
+    EXPECT_NE(v.layer(L"0"), nullptr);
+    EXPECT_NE(v.layer(L"TREES"), nullptr);
+    EXPECT_EQ(v.ctrl->GetNoSelLayers(), 0u);
+}
+
+TEST(LayerLtypeCtrlRules, WhichLineTypesMayBeDeleted) {
+    Visit v;
+    EXPECT_FALSE(v.ctrl->CanDeleteLtype(nullptr));
+    for (const wchar_t* name : {L"ByBlock", L"ByLayer", L"continuous", L"BASEMAP|TRACK"})
+        EXPECT_FALSE(v.ctrl->CanDeleteLtype(v.ltype(name))) << name;
+    // In use or not is DeleteSelLtype's business, not this test's.
+    for (const wchar_t* name : {L"SPARE_LT", L"HIDDEN"})
+        EXPECT_TRUE(v.ctrl->CanDeleteLtype(v.ltype(name))) << name;
+}
+
+TEST(LayerLtypeCtrlRules, NameChangeIsJudgedAgainstTheNameAtTheStart) {
+    Visit v;
+    v.layer(L"ROADS")->SetName(L"STREETS");  // renamed during the visit
+    veld::CLayer* fresh = v.ctrl->NewLayer();
+    struct Row {
+        std::vector<const wchar_t*> selected;
+        const wchar_t* name;
+        bool changed;
+    } const rows[] = {
+        {{}, L"ANY", false},
+        {{L"STREETS", L"TREES"}, L"ANY", false},
+        {{L"STREETS"}, L"ROADS", false},
+        {{L"STREETS"}, L"roads", true},
+        {{L"STREETS"}, L"STREETS", true},
+        {{L"TREES"}, L"TREES", false},
+        {{L"TREES"}, L"", true},
+        {{L"Layer1"}, L"Layer1", true},
+    };
+    ASSERT_EQ(fresh->GetName(), L"Layer1");
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        v.select(rows[i].selected);
+        EXPECT_EQ(v.ctrl->IsLayerNameChanged(rows[i].name), rows[i].changed) << "row " << i;
+    }
+}
+
+TEST(LayerLtypeCtrlNewLayer, TakesTheOneSelectedLayerOrTheCurrentOneAsModel) {
+    struct Row {
+        std::vector<const wchar_t*> selected;
+        const wchar_t* model;
+    } const rows[] = {
+        {{}, L"BUILDINGS"},
+        {{L"CONSTRUCTION"}, L"CONSTRUCTION"},
+        {{L"CONSTRUCTION", L"TREES"}, L"BUILDINGS"},
+    };
+    for (const Row& row : rows) {
+        Visit v;
+        v.select(row.selected);
+        const veld::CLayer* model = v.layer(row.model);
+        for (const wchar_t* name : {L"Layer1", L"Layer2"}) {
+            veld::CLayer* made = v.ctrl->NewLayer();
+            EXPECT_EQ(made->GetName(), name) << row.model;
+            EXPECT_EQ(v.layer(name), made) << row.model;
+            EXPECT_EQ(made->GetColor(), model->GetColor()) << row.model;
+            EXPECT_EQ(made->GetLtype(), model->GetLtype()) << row.model;
+            EXPECT_EQ(made->GetLineWidth(), model->GetLineWidth()) << row.model;
+            EXPECT_EQ(made->GetFlags(), model->GetFlags()) << row.model;
+        }
+    }
+}
+
+TEST(LayerLtypeCtrlNewLayer, LineTypeOfAnExistingNameTakesTheNewDefinition) {
+    Visit v;
+    const unsigned count = v.data()->GetLtypeTable().GetNoItems();
+    const auto loaded = v.newLtype(L"dashed", 9.0);
+    v.ctrl->AddLtype(loaded.get());
+    EXPECT_EQ(v.data()->GetLtypeTable().GetNoItems(), count);
+    EXPECT_EQ(v.ltype(L"DASHED")->GetName(), L"DASHED");
+    EXPECT_TRUE(v.ltype(L"DASHED")->GetLtypeComplexDashSeq() == loaded->GetLtypeComplexDashSeq());
+}
+
+// The end of a visit, for edit scripts of each kind: Rollback gives back the
+// drawing exactly (order of the tables included); Commit adds one command
+// whose undo gives back the drawing and whose redo the committed one.
+TEST(LayerLtypeCtrlEnd, RollbackRestoresAndCommitUndoesAndRedoes) {
+    struct Script {
+        const char* what;
+        std::function<void(Visit&)> edit;
+    };
+    const Script scripts[] = {
+        {"new layers",
+         [](Visit& v) {
+             v.ctrl->NewLayer()->SetColor(40);
+             v.ctrl->NewLayer();
+         }},
+        {"layer deleted from the middle",
+         [](Visit& v) {
+             v.select({L"TREES", L"SPARE1"});  // TREES has objects and stays
+             v.ctrl->DeleteSelLayers();
+         }},
+        {"layer edited, then deleted",
+         [](Visit& v) {
+             v.layer(L"SPARE1")->SetColor(200);
+             v.layer(L"SPARE1")->SetName(L"RENAMED");
+             v.select({L"RENAMED"});
+             v.ctrl->DeleteSelLayers();
+         }},
+        {"layer and line type properties",
+         [](Visit& v) {
+             veld::CLayer* roads = v.layer(L"ROADS");
+             roads->SetColor(1);
+             roads->SetFrozen(true);
+             roads->SetLtype(v.ltype(L"SPARE_LT"));
+             roads->SetName(L"STREETS");
+             v.ltype(L"DASHED")->SetDesc(L"changed");
+         }},
+        {"line types brought in and deleted",
+         [](Visit& v) {
+             v.ctrl->AddLtype(v.newLtype(L"NEWLT", 3.0).get());
+             v.ctrl->AddLtype(v.newLtype(L"dashed", 9.0).get());
+             v.ctrl->SetSelLtype(v.ltype(L"SPARE_LT"));
+             v.ctrl->DeleteSelLtype();
+         }},
+        {"current items and scale",
+         [](Visit& v) {
+             v.select({L"POINTS"});
+             v.ctrl->MakeSelLayerCurrent();
+             v.ctrl->SetSelLtype(v.ltype(L"DASHED"));
+             v.ctrl->MakeSelLtypeCurrent();
+             v.ctrl->SetNewLtypeScale(3.0);
+         }},
+        {"new items made current",
+         [](Visit& v) {
+             const auto pipe = v.newLtype(L"PIPE", 2.0);
+             v.ctrl->AddLtype(pipe.get());
+             veld::CLayer* made = v.ctrl->NewLayer();
+             made->SetLtype(pipe.get());
+             v.select({L"Layer1"});
+             v.ctrl->MakeSelLayerCurrent();
+             v.ctrl->SetSelLtype(pipe.get());
+             v.ctrl->MakeSelLtypeCurrent();
+         }},
+    };
+    for (const Script& s : scripts) {
+        {
+            Visit v;
+            const auto host = [&v] {
+                return std::tuple(GetCurLayer(&v.cad), GetCurLtype(&v.cad), GetLtypeScale(&v.cad));
+            };
+            const auto hostBefore = host();
+            s.edit(v);
+            EXPECT_EQ(host(), hostBefore) << s.what;  // the host's settings wait for Commit
+            v.ctrl->Rollback();
+            EXPECT_EQ(dump(v.cad), v.dumpBefore) << s.what;
+            v.ctrl->Commit();  // the visit has ended: nothing more happens
+            EXPECT_EQ(dump(v.cad), v.dumpBefore) << s.what;
+        }
+        Visit v;
+        s.edit(v);
+        v.ctrl->Commit();
+        const std::string committed = write(v.cad);
+        EXPECT_NE(committed, v.writeBefore) << s.what;
+        v.ctrl->Commit();
+        v.ctrl->Rollback();
+        EXPECT_EQ(write(v.cad), committed) << s.what;
+        ASSERT_EQ(v.cad.GetUndoList().GetCount(), 1u) << s.what;
+        ASSERT_TRUE(v.cad.Undo()) << s.what;
+        EXPECT_EQ(write(v.cad), v.writeBefore) << s.what;
+        ASSERT_TRUE(v.cad.Redo()) << s.what;
+        EXPECT_EQ(write(v.cad), committed) << s.what;
+        EXPECT_TRUE(v.recorder.messages.empty()) << s.what;
+    }
+}
+
+TEST(LayerLtypeCtrlEnd, CommitMakesTheChosenItemsCurrentAndUndoTheFormerOnes) {
+    Visit v;
+    veld::CLtype* formerLtype = GetCurLtype(&v.cad);
+    v.select({L"SPARE1"});
+    ASSERT_TRUE(v.ctrl->MakeSelLayerCurrent());
+    v.ctrl->SetSelLtype(v.ltype(L"SPARE_LT"));
+    ASSERT_TRUE(v.ctrl->MakeSelLtypeCurrent());
+    v.ctrl->Commit();
+    EXPECT_EQ(GetCurLayer(&v.cad), v.layer(L"SPARE1"));
+    EXPECT_EQ(GetCurLtype(&v.cad), v.ltype(L"SPARE_LT"));
+    ASSERT_TRUE(v.cad.Undo());
+    EXPECT_EQ(GetCurLayer(&v.cad), v.layer(L"BUILDINGS"));
+    EXPECT_EQ(GetCurLtype(&v.cad), formerLtype);
+}
+
+TEST(LayerLtypeCtrlEnd, ScaleNotGreaterThanZeroFallsBackToTheStartingOne) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double inf = std::numeric_limits<double>::infinity();
+    struct Row {
+        double edited, applied;
+    } const rows[] = {{0.0, 1.0}, {-2.0, 1.0}, {-0.0, 1.0}, {nan, 1.0}, {inf, 1.0}, {2.5, 2.5}};
+    for (const Row& row : rows) {
+        Visit v;
+        ASSERT_EQ(GetLtypeScale(&v.cad), 1.0);
+        v.ctrl->SetNewLtypeScale(row.edited);
+        v.ctrl->Commit();
+        EXPECT_EQ(GetLtypeScale(&v.cad), row.applied) << row.edited;
+        ASSERT_TRUE(v.cad.Undo());
+        EXPECT_EQ(GetLtypeScale(&v.cad), 1.0) << row.edited;
+        ASSERT_TRUE(v.cad.Redo());
+        EXPECT_EQ(GetLtypeScale(&v.cad), row.applied) << row.edited;
+    }
+}
+
+TEST(LayerLtypeCtrlEnd, LayerMadeAndDeletedInOneVisitLeavesNoTrace) {
+    Visit v;
+    const auto made = ulo::RefPtr<veld::CLayer>::Share(v.ctrl->NewLayer());
+    v.select({L"Layer1"});
+    v.ctrl->DeleteSelLayers();
+    EXPECT_TRUE(v.recorder.messages.empty());
+    v.ctrl->Commit();
+    EXPECT_EQ(made->GetReferenceCount(), 1u);  // neither the table nor the command holds it
+    EXPECT_EQ(write(v.cad), v.writeBefore);
+    ASSERT_TRUE(v.cad.Undo());
+    EXPECT_EQ(write(v.cad), v.writeBefore);
+    ASSERT_TRUE(v.cad.Redo());
+    EXPECT_EQ(write(v.cad), v.writeBefore);
+}
+
+TEST(LayerLtypeCtrlEnd, CommandHoldsOnlyChangedItemsAndDeletedOnesAsAtTheStart) {
+    Visit v;
+    veld::CLayer* roads = v.layer(L"ROADS");
+    veld::CLayer* trees = v.layer(L"TREES");
+    const auto spare = ulo::RefPtr<veld::CLayer>::Share(v.layer(L"SPARE1"));
+    const unsigned short roadsColour = roads->GetColor(), spareColour = spare->GetColor();
+    roads->SetColor(77);
+    spare->SetColor(200);
+    v.select({L"SPARE1"});
+    v.ctrl->DeleteSelLayers();
+    v.ctrl->Commit();
+    EXPECT_EQ(spare->GetColor(), spareColour);
+    EXPECT_EQ(roads->GetColor(), 77);
+
+    // Changed after the visit: undo of the visit leaves TREES alone, since
+    // the visit did not change it.
+    trees->SetColor(55);
+    ASSERT_TRUE(v.cad.Undo());
+    EXPECT_EQ(roads->GetColor(), roadsColour);
+    EXPECT_EQ(trees->GetColor(), 55);
+    EXPECT_EQ(v.layer(L"SPARE1"), spare.get());
+    EXPECT_EQ(spare->GetColor(), spareColour);
+}
