@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QJsonArray>
 #include <QLabel>
@@ -15,6 +16,7 @@
 #include <QMessageBox>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 
@@ -250,6 +252,25 @@ ScriptedUser& ScriptedUser::CheckRow(unsigned id, int row) {
     // The check box column of the toolkit's grid toggles on a tap anywhere in
     // its cell.
     return Tap(id, row, 0);
+}
+
+ScriptedUser& ScriptedUser::Header(unsigned id, int column) {
+    return OnControl(
+        QStringLiteral("header %1 %2").arg(id).arg(column), id, [column](QWidget* c) -> QString {
+            auto* view = qobject_cast<QTableView*>(c);
+            if (!view || !view->model())
+                return QStringLiteral("control is not a list with headers");
+            QHeaderView* header = view->horizontalHeader();
+            if (column < 0 || column >= view->model()->columnCount() || header->isHidden())
+                return QStringLiteral("no column header %1").arg(column);
+            view->horizontalScrollBar()->setValue(
+                header->sectionPosition(column) -
+                std::max(0, view->viewport()->width() - header->sectionSize(column)) / 2);
+            const int x = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
+            QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                              QPoint(x, header->height() / 2));
+            return {};
+        });
 }
 
 ScriptedUser& ScriptedUser::Key(unsigned id, int qtKey) {

@@ -51,6 +51,8 @@ public:
     ScriptedUser& Tap(unsigned id, int row, int column);
     ScriptedUser& DoubleTap(unsigned id, int row, int column);
     ScriptedUser& CheckRow(unsigned id, int row);
+    /// Clicks the header of @p column of a list (a list that sorts on it).
+    ScriptedUser& Header(unsigned id, int column);
     ScriptedUser& Key(unsigned id, int qtKey);
     ScriptedUser& SwitchTab(unsigned id, int index);
     ScriptedUser& Press(unsigned id, double fx, double fy);

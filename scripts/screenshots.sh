@@ -33,8 +33,9 @@ call GetDlgPasswordRequest
 end
 SCRIPT
 done
-# The pickers in all four layouts, on the sample's line types and the default
-# library (which holds text line types).
+# The pickers and the layers and line types dialogs in all four layouts, on
+# the sample's layers and line types and the default library (which holds
+# text line types).
 for layout in 0 1 2 3; do
   cat >>"$script" <<SCRIPT
 layout $layout
@@ -51,6 +52,17 @@ call ShowDlgLoadLtype
   check 2000 1
   key 2000 Down
   shot "$OUT/load-ltype-$layout.png"
+  close
+end
+call ShowDlgLayer
+  tap 1129 4 3
+  tap 1129 4 3
+  shot "$OUT/layers-$layout.png"
+  close
+end
+call ShowDlgLtype
+  tap 11126 12 0
+  shot "$OUT/ltypes-$layout.png"
   close
 end
 SCRIPT

@@ -81,13 +81,13 @@ const std::vector<DemoOperation>& DemoOperations() {
              redrawAllViews(*c.cad);
              return QStringLiteral("window colours done");
          }},
-        {"ShowDlgLayer", "Layers...", false,
+        {"ShowDlgLayer", "Layers...", true,
          [](DemoContext& c) {
              c.factory->ShowDlgLayer(c.parent, *c.cad);
              return QStringLiteral("current layer %1")
                  .arg(GetCurLayer(c.cad)->GetName().ToQString());
          }},
-        {"ShowDlgLtype", "Line types...", false,
+        {"ShowDlgLtype", "Line types...", true,
          [](DemoContext& c) {
              c.factory->ShowDlgLtype(c.parent, *c.cad);
              return QStringLiteral("current line type %1, scale %2")

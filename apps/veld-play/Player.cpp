@@ -137,6 +137,8 @@ QString queueStep(automation::ScriptedUser& user, const Statement& s) {
             user.DoubleTap(id, a, b);
     } else if (verb == QLatin1String("check") && need(3) && toUInt(w[1], id) && toInt(w[2], a)) {
         user.CheckRow(id, a);
+    } else if (verb == QLatin1String("header") && need(3) && toUInt(w[1], id) && toInt(w[2], a)) {
+        user.Header(id, a);
     } else if (verb == QLatin1String("key") && need(3) && toUInt(w[1], id)) {
         const int key = keyByName(w[2].text);
         if (!key)

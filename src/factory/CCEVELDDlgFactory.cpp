@@ -1,8 +1,10 @@
 #include "CCEVELDDlgFactory.h"
 
+#include <memory>
 #include <new>
 
 #include "Scopes.h"
+#include "app/VELD.h"
 #include "properties/CCECADDlgColor.h"
 #include "res/StringIds.h"
 #include "shell/CCECADDlgGetDouble.h"
@@ -10,6 +12,9 @@
 #include "shell/CCECADDlgRotate.h"
 #include "shell/CGetStringDialog.h"
 #include "shell/ResString.h"
+#include "tables/CEVELDLayerDLg.h"
+#include "tables/CEVELDLtypeDLg.h"
+#include "ulo/PalmDevice.h"
 #include "veld/EntCollection.h"
 
 namespace veld5 {
@@ -29,8 +34,42 @@ bool CCEVELDDlgFactory::ShowDlgGridProp(CWnd*) {
     return false;
 }
 void CCEVELDDlgFactory::ShowDlgOptColors(CWnd*, CVELD&) {}
-void CCEVELDDlgFactory::ShowDlgLayer(CWnd*, CVELD&) {}
-void CCEVELDDlgFactory::ShowDlgLtype(CWnd*, CVELD&) {}
+namespace {
+
+enum class TableDialog { Layers, Ltypes };
+
+/// One visit of the layers or line types dialog: every edit is live in the
+/// drawing while it runs; OK commits the visit as one undo step, anything
+/// else rolls it back.
+void RunTableDialog(CWnd* parent, CVELD& cad, TableDialog kind) {
+    CModuleResourceScope scope;
+    CSourceEventScope tables(cad.GetData()->GetDataTables()->GetDataTablesSourceEvent());
+    auto* controller = new CLayerLtypeCtrlDlg(&cad);
+    std::unique_ptr<CVELDLayerLtypeDlg> dialog;
+    if (kind == TableDialog::Layers)
+        dialog = std::make_unique<CEVELDLayerDLg>(
+            controller, &cad, parent,
+            static_cast<int>(CPalmDevice::SelectIdDlgStd(11028, 11029, 11030, 11031)));
+    else
+        dialog = std::make_unique<CEVELDLtypeDLg>(
+            controller, &cad, parent,
+            static_cast<int>(CPalmDevice::SelectIdDlgStd(11032, 11033, 11034, 11035)));
+    if (dialog->DoModal() == ulo::IDOK)
+        controller->Commit();
+    else
+        controller->Rollback();
+    controller->SubReference();
+    dialog.reset();
+}
+
+}  // namespace
+
+void CCEVELDDlgFactory::ShowDlgLayer(CWnd* parent, CVELD& cad) {
+    RunTableDialog(parent, cad, TableDialog::Layers);
+}
+void CCEVELDDlgFactory::ShowDlgLtype(CWnd* parent, CVELD& cad) {
+    RunTableDialog(parent, cad, TableDialog::Ltypes);
+}
 void CCEVELDDlgFactory::ShowDlgTextStyle(CWnd*, CVELD&) {}
 bool CCEVELDDlgFactory::ShowDlgColor(CWnd* parent, const CVELD* cad, short startColour,
                                      short byLayerColour, short byBlockColour, bool logicalAllowed,

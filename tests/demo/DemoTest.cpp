@@ -8,6 +8,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QFile>
@@ -75,7 +76,8 @@ TEST_F(DemoFixture, StartsOnTheSampleWithBuiltOperationsEnabled) {
         bool enabled;
     } ops[] = {{"ShowDlgGetDouble", true},
                {"GetDlgPasswordRequest", true},
-               {"ShowDlgLayer", false},
+               {"ShowDlgLayer", true},
+               {"ShowDlgTextStyle", false},
                {"ShowDlgProperty", false}};
     for (const auto& op : ops) {
         QAction* a = action(window, QString::fromLatin1(op.name));
@@ -186,6 +188,47 @@ TEST_F(DemoFixture, PickersChangeTheSelectionOrTheTablesUndoably) {
         action(window, QStringLiteral("Redo"))->trigger();
         EXPECT_EQ(c.state(), after) << c.entry;
     }
+}
+
+// A layer switched off in the layers dialog disappears from the view behind
+// it at once; the visit is one step of the Edit menu's Undo and Redo.
+TEST_F(DemoFixture, LayersDialogEditsShowBehindItAndUndoAsOneStep) {
+    CVELD& cad = window.GetCAD();
+    veld::CLayer* trees = cad.GetData()->GetLayerTable().Find(L"TREES");
+    const auto picture = [&] {
+        QApplication::processEvents();
+        return window.GetView()->grab().toImage();
+    };
+    const QImage before = picture();
+    QImage behind;
+    const unsigned redraws = cad.GetRedrawCount();
+    unsigned redrawsBehind = 0;
+    automation::ScriptedUser user;
+    user.Inspect([&](QWidget* dialog) {
+        auto* list = qobject_cast<QAbstractItemView*>(ulo::FindControl(dialog, 1129));
+        ASSERT_NE(list, nullptr);
+        const QModelIndexList hits =
+            list->model()->match(list->model()->index(0, 0), Qt::DisplayRole,
+                                 QStringLiteral("TREES"), 1, Qt::MatchExactly);
+        ASSERT_EQ(hits.size(), 1);
+        user.Tap(1129, hits[0].row(), 1)
+            .Inspect([&](QWidget*) {
+                redrawsBehind = cad.GetRedrawCount();
+                behind = picture();
+            })
+            .Click(ulo::IDOK);
+    });
+    action(window, QStringLiteral("ShowDlgLayer"))->trigger();
+    EXPECT_TRUE(user.Finished()) << user.Report().toStdString();
+    EXPECT_TRUE(trees->IsOff());
+    EXPECT_GT(redrawsBehind, redraws) << "the views are asked to draw again";
+    EXPECT_NE(behind, before) << "the trees are gone while the dialog is open";
+    EXPECT_EQ(picture(), behind);
+    action(window, QStringLiteral("Undo"))->trigger();
+    EXPECT_FALSE(trees->IsOff());
+    EXPECT_EQ(picture(), before);
+    action(window, QStringLiteral("Redo"))->trigger();
+    EXPECT_TRUE(trees->IsOff());
 }
 
 TEST_F(DemoFixture, SavedDrawingsOpenAgainTheSamePlainAndSealed) {

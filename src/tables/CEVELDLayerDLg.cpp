@@ -1,0 +1,253 @@
+#include "CEVELDLayerDLg.h"
+
+#include <vector>
+
+#include "CListEdit.h"
+#include "CVELDLayerList.h"
+#include "app/VELD.h"
+#include "linetypes/CCECADDlgSelType.h"
+#include "properties/CCECADDlgColor.h"
+#include "res/StringIds.h"
+#include "shell/ResString.h"
+#include "ulo/HelpTopic.h"
+#include "ulo/PalmDevice.h"
+#include "ulo/ctrl/MessageBox.h"
+#include "veld/Data.h"
+
+namespace veld5 {
+
+CEVELDLayerDLg::CEVELDLayerDLg(CLayerLtypeCtrlDlg* controller, CVELD* cad, CWnd* parent,
+                               int templateId)
+    : CVELDLayerLtypeDlg(controller, cad, parent, templateId,
+                         {kIdFilter, kIdNew, kIdDelete, kIdCurrent}) {}
+
+CEVELDLayerDLg::~CEVELDLayerDLg() = default;
+
+QWidget* CEVELDLayerDLg::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) {
+    if (ctrl.id != kIdList)
+        return CVELDLayerLtypeDlg::CreateCustomControl(ctrl, parent);
+    list_ = new CVELDLayerList(cad_, parent);
+    return list_;
+}
+
+BOOL CEVELDLayerDLg::OnInitDialog() {
+    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg OpzPiano");
+    if (!CVELDLayerLtypeDlg::OnInitDialog())
+        return FALSE;
+    list_->SetCurLayerMark(GetCurLayer(cad_));
+    list_->SetRowHeight(CVELDLayerList::DefaultRowHeight(font()));
+
+    const int m = CPalmDevice::GetResMultiplier();
+    const int width = list_->width() - 2 * list_->frameWidth();
+    const int w = (width - 100 * m) / 6;
+    const int widths[CVELDLayerList::kColumnCount] = {3 * w,  25 * m, 25 * m,
+                                                      25 * m, 25 * m, 98 * m};
+    for (int c = 0; c < CVELDLayerList::kColumnCount; ++c)
+        list_->SetColumn(
+            c, LoadResString(ids::kColLayerName + static_cast<unsigned>(c)).ToQString(), widths[c]);
+
+    connect(list_, &CVELDLayerList::layerSelected, this,
+            [this](veld::CLayer* layer) { controller_->AddSelLayer(layer); });
+    connect(list_, &CVELDLayerList::layerDeselected, this,
+            [this](veld::CLayer* layer) { controller_->RemoveSelLayer(layer); });
+    connect(list_, &CVELDLayerList::cellTapped, this,
+            [this](int row, int column, bool) { OnCellTapped(row, column); });
+    connect(list_, &CVELDLayerList::columnClicked, this, &CEVELDLayerDLg::OnColumnClicked);
+    FillList();
+    return TRUE;
+}
+
+void CEVELDLayerDLg::FillList() {
+    list_->DeleteAllItems();
+    controller_->ClearSelLayers();
+    const int mask = GetFilterMask();
+    veld::CData* data = cad_->GetData();
+    // One pass over the drawing tells which layers are in use, where asking
+    // each layer would walk the drawing once per layer.
+    const veld::CData::CItemUsage usage(*data);
+    std::vector<veld::CLayer*> rows;
+    rows.reserve(data->GetLayerTable().GetNoItems());
+    veld::CData::CLayerIterator it(data, true);
+    while (veld::CLayer* layer = it.GetNext()) {
+        const bool used = (mask & (kMaskInUse | kMaskUnused)) == (kMaskInUse | kMaskUnused) ||
+                          usage.IsUsed(layer);
+        const bool take = used ? (mask & kMaskInUse) : (mask & kMaskUnused);
+        if (take && !layer->IsPrivate())
+            rows.push_back(layer);
+    }
+    list_->SetLayers(rows);
+    list_->SortRows(sortColumn_, sortDirection_);
+    changedSinceSort_ = false;
+}
+
+bool CEVELDLayerDLg::OnCommand(unsigned id) {
+    switch (id) {
+        case kIdNew:
+            OnNew();
+            return true;
+        case kIdDelete:
+            OnDelete();
+            return true;
+        case kIdCurrent:
+            OnCurrent();
+            return true;
+        default:
+            return CVELDLayerLtypeDlg::OnCommand(id);
+    }
+}
+
+void CEVELDLayerDLg::OnNew() {
+    veld::CLayer* layer = controller_->NewLayer();
+    list_->SelectLayer(nullptr);
+    controller_->ClearSelLayers();
+    list_->AppendLayer(layer);
+    changedSinceSort_ = true;
+    list_->SelectLayer(layer);
+    RedrawViews();
+}
+
+void CEVELDLayerDLg::OnDelete() {
+    if (controller_->GetNoSelLayers() == 0) {
+        ShowOwnMessageBox(this, ids::kSelectLayerToErase, ids::kWarning,
+                          ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+        return;
+    }
+    controller_->DeleteSelLayers();
+    FillList();
+    RedrawViews();
+}
+
+void CEVELDLayerDLg::OnCurrent() {
+    veld::CLayer* layer = list_->GetSelectedLayer();
+    if (!layer)
+        return;
+    if ((layer->GetFlags() & veld::CLayer::kFlagFrozen) || layer->IsXRef()) {
+        Warn(ids::kLayerNotCurrent);
+        return;
+    }
+    if (controller_->MakeSelLayerCurrent()) {
+        list_->SetCurLayerMark(layer);
+        list_->RedrawAll();
+    }
+}
+
+void CEVELDLayerDLg::OnColumnClicked(int column) {
+    if (column == sortColumn_ && !changedSinceSort_) {
+        sortDirection_ = -sortDirection_;
+    } else {
+        sortColumn_ = column;
+        sortDirection_ = 1;
+    }
+    list_->SortRows(sortColumn_, sortDirection_);
+    changedSinceSort_ = false;
+}
+
+void CEVELDLayerDLg::OnCellTapped(int row, int column) {
+    veld::CLayer* layer = list_->GetItemLayer(row);
+    if (!layer)
+        return;
+    switch (column) {
+        case CVELDLayerList::kColName:
+            EditName(row);
+            return;
+        case CVELDLayerList::kColOn: {
+            const bool off = !layer->IsOff();
+            if (off && layer == list_->GetCurLayerMark())
+                ShowMessageBox(parentWidget() ? parentWidget() : this, ids::kWarning,
+                               ids::kCurLayerOff, ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+            layer->SetOff(off);
+            break;
+        }
+        case CVELDLayerList::kColFreeze:
+            if (layer == list_->GetCurLayerMark() && !layer->IsFrozen()) {
+                Warn(ids::kCurLayerNoFreeze);
+                return;
+            }
+            layer->SetFrozen(!layer->IsFrozen());
+            break;
+        case CVELDLayerList::kColLock:
+            layer->SetLocked(!layer->IsLocked());
+            break;
+        case CVELDLayerList::kColColor:
+            PickColour(layer);
+            return;
+        case CVELDLayerList::kColLtype:
+            PickLtype(layer);
+            return;
+        default:
+            return;
+    }
+    list_->LayerChanged(layer);
+    RedrawViews();
+}
+
+void CEVELDLayerDLg::EditName(int row) {
+    veld::CLayer* layer = list_->GetItemLayer(row);
+    // Layer 0 and the layers of external references keep their names.
+    if (!layer || layer->IsLayer0() || layer->IsXRef() || !nameEdit_)
+        return;
+    QRect cell = list_->CellRect(row, CVELDLayerList::kColName);
+    cell.moveTopLeft(list_->viewport()->mapTo(this, cell.topLeft()));
+    cell.translate(-2, 0);
+    nameEdit_->setGeometry(cell);
+    list_->LayerChanged(layer);
+    nameEdit_->BeginEdit(layer->GetName().ToQString(), row);
+    nameEdit_->show();
+    nameEdit_->raise();
+    nameEdit_->setFocus(Qt::MouseFocusReason);
+}
+
+void CEVELDLayerDLg::OnEndEditItem(QString text, int item) {
+    veld::CLayer* layer = list_->GetItemLayer(item);
+    if (!layer)
+        return;
+    const ulo::WString name(text.toStdWString());
+    unsigned refusal = 0;
+    if (name.IsEmpty()) {
+        refusal = ids::kLayerNameEmpty;
+    } else {
+        // The table's index finds a name whatever its letter case.
+        veld::CLayer* other = cad_->GetData()->GetLayerTable().Find(name);
+        if (other && other != layer)
+            refusal = ids::kLayerNameTaken;
+        // A layer may keep the name it came with, even one the rule refuses.
+        if (!veld::is_valid_table_name14(name, false) &&
+            controller_->IsLayerNameChanged(name.c_str()))
+            refusal = ids::kLayerNameLetters;
+    }
+    if (refusal) {
+        Warn(refusal);
+        return;
+    }
+    layer->SetName(name);
+    list_->LayerChanged(layer);
+}
+
+void CEVELDLayerDLg::PickColour(veld::CLayer* layer) {
+    const auto colour = static_cast<short>(layer->GetColor());
+    CCECADDlgColor picker(cad_, colour, -1, -1, false, this);
+    if (picker.DoModal() != ulo::IDOK || picker.GetSelColor() == colour)
+        return;
+    layer->SetColor(static_cast<unsigned short>(picker.GetSelColor()));
+    list_->LayerChanged(layer);
+    RedrawViews();
+}
+
+void CEVELDLayerDLg::PickLtype(veld::CLayer* layer) {
+    CCECADDlgSelType picker(this, cad_);
+    picker.SetPresetLtype(layer->GetLtype());
+    if (picker.DoModal() != ulo::IDOK)
+        return;
+    veld::CLtype* chosen = picker.GetChosenLtype();
+    if (!chosen || chosen == layer->GetLtype())
+        return;
+    layer->SetLtype(chosen);
+    list_->LayerChanged(layer);
+    RedrawViews();
+}
+
+void CEVELDLayerDLg::Warn(unsigned textId) {
+    ShowMessageBox(this, ids::kWarning, textId, ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+}
+
+}  // namespace veld5

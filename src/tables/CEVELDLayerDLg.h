@@ -1,0 +1,55 @@
+#pragma once
+// The layers dialog: the drawing's layers in a list (name, on, freeze, lock,
+// colour, line type) where the user creates, deletes, renames and makes
+// current layers and switches their properties by tapping cells. Every
+// change goes to the drawing at once, through the table controller, and the
+// views are redrawn; the caller commits or rolls the visit back.
+#include "CVELDLayerLtypeDlg.h"
+
+class CVELDLayerList;
+
+namespace veld {
+class CLayer;
+}
+
+namespace veld5 {
+
+class CEVELDLayerDLg : public CVELDLayerLtypeDlg {
+    Q_OBJECT
+public:
+    CEVELDLayerDLg(CLayerLtypeCtrlDlg* controller, CVELD* cad, CWnd* parent, int templateId);
+    ~CEVELDLayerDLg() override;
+
+    void OnEndEditItem(QString text, int item) override;
+
+    static constexpr unsigned kIdFilter = 1128;
+    static constexpr unsigned kIdList = 1129;
+    static constexpr unsigned kIdNew = 1130;
+    static constexpr unsigned kIdDelete = 1131;
+    static constexpr unsigned kIdCurrent = 1132;
+
+protected:
+    BOOL OnInitDialog() override;
+    bool OnCommand(unsigned id) override;
+    QWidget* CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) override;
+    void FillList() override;
+
+private:
+    void OnNew();
+    void OnDelete();
+    void OnCurrent();
+    void OnCellTapped(int row, int column);
+    void OnColumnClicked(int column);
+    void EditName(int row);
+    void PickColour(veld::CLayer* layer);
+    void PickLtype(veld::CLayer* layer);
+    /// A warning box of this dialog with a text of the string table.
+    void Warn(unsigned textId);
+
+    CVELDLayerList* list_ = nullptr;  // a child of the dialog, made with it
+    int sortColumn_ = 0;
+    int sortDirection_ = 1;
+    bool changedSinceSort_ = false;
+};
+
+}  // namespace veld5

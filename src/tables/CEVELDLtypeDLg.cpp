@@ -1,0 +1,144 @@
+#include "CEVELDLtypeDLg.h"
+
+#include <QLineEdit>
+#include <vector>
+
+#include "app/VELD.h"
+#include "factory/Scopes.h"
+#include "linetypes/CLtypeLoadDialog.h"
+#include "linetypes/CVELDLtypeList.h"
+#include "res/StringIds.h"
+#include "shell/ResString.h"
+#include "ulo/HelpTopic.h"
+#include "ulo/NumberText.h"
+#include "ulo/ctrl/MessageBox.h"
+#include "veld/Data.h"
+
+namespace veld5 {
+
+namespace {
+/// The longest part of the scale's text that is read.
+constexpr qsizetype kScaleChars = 100;
+}  // namespace
+
+CEVELDLtypeDLg::CEVELDLtypeDLg(CLayerLtypeCtrlDlg* controller, CVELD* cad, CWnd* parent,
+                               int templateId)
+    : CVELDLayerLtypeDlg(controller, cad, parent, templateId,
+                         {kIdFilter, kIdLoad, kIdDelete, kIdCurrent}) {}
+
+CEVELDLtypeDLg::~CEVELDLtypeDLg() = default;
+
+QWidget* CEVELDLtypeDLg::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) {
+    if (ctrl.id != kIdList)
+        return CVELDLayerLtypeDlg::CreateCustomControl(ctrl, parent);
+    list_ = new CVELDLtypeList(cad_, parent);
+    return list_;
+}
+
+BOOL CEVELDLtypeDLg::OnInitDialog() {
+    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg OpzTipoLinea");
+    if (!CVELDLayerLtypeDlg::OnInitDialog())
+        return FALSE;
+    list_->SetCurLtypeMark(GetCurLtype(cad_));
+
+    // The scale as "%lf" writes it; the controller then holds what is read
+    // back from that text, so OK without an edit applies the six decimals.
+    auto* edit = GetDlgItem<QLineEdit>(kIdScale);
+    connect(edit, &QLineEdit::textChanged, this, &CEVELDLtypeDLg::OnScaleEdited);
+    scale_ = controller_->GetNewLtypeScale();
+    edit->setText(ulo::CStringDaDouble(scale_, 0, 6).ToQString());
+    OnScaleEdited(edit->text());
+
+    list_->SetRowHeight(CVELDLtypeList::DefaultRowHeight(font()));
+    const int width = list_->width() - 2 * list_->frameWidth();
+    const int w = width / 10;
+    list_->SetColumn(0, LoadResString(ids::kColLtypeName).ToQString(), 3 * w);
+    list_->SetColumn(1, LoadResString(ids::kColLtypeName + 1).ToQString(), 3 * w);
+    list_->SetColumn(2, LoadResString(ids::kColLtypeName + 2).ToQString(), width - 6 * w);
+
+    connect(list_, &CVELDLtypeList::ltypeSelected, this,
+            [this](veld::CLtype* ltype) { controller_->SetSelLtype(ltype); });
+    connect(list_, &CVELDLtypeList::ltypeDeselected, this, [this](veld::CLtype* ltype) {
+        if (controller_->GetSelLtype() == ltype)
+            controller_->SetSelLtype(nullptr);
+    });
+    FillList();
+    return TRUE;
+}
+
+void CEVELDLtypeDLg::FillList() {
+    list_->DeleteAllItems();
+    controller_->SetSelLtype(nullptr);
+    const int mask = GetFilterMask();
+    veld::CData* data = cad_->GetData();
+    const veld::CData::CItemUsage usage(*data);
+    std::vector<veld::CLtype*> rows;
+    veld::CData::CLtypeIterator it(data, true, true);
+    while (veld::CLtype* ltype = it.GetNext()) {
+        const bool used = usage.IsUsed(ltype);
+        const bool take = used ? (mask & kMaskInUse) : (mask & kMaskUnused);
+        if (take && !ltype->IsPrivate())
+            rows.push_back(ltype);
+    }
+    list_->SetLtypes(rows);
+}
+
+bool CEVELDLtypeDLg::OnCommand(unsigned id) {
+    switch (id) {
+        case kIdLoad:
+            OnLoad();
+            return true;
+        case kIdDelete:
+            OnDelete();
+            return true;
+        case kIdCurrent:
+            OnCurrent();
+            return true;
+        default:
+            return CVELDLayerLtypeDlg::OnCommand(id);
+    }
+}
+
+void CEVELDLtypeDLg::OnCurrent() {
+    veld::CLtype* ltype = list_->GetSelectedLtype();
+    if (!ltype)
+        return;
+    if (ltype->IsXRef()) {
+        ShowMessageBox(this, ids::kWarning, ids::kLtypeXRefNotCurrent,
+                       ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+        return;
+    }
+    if (controller_->MakeSelLtypeCurrent()) {
+        list_->SetCurLtypeMark(ltype);
+        list_->viewport()->update();
+    }
+}
+
+void CEVELDLtypeDLg::OnDelete() {
+    if (controller_->DeleteSelLtype()) {
+        FillList();
+        RedrawViews();
+    }
+}
+
+void CEVELDLtypeDLg::OnLoad() {
+    CModuleResourceScope scope;
+    CLtypeLoadDialog loader(cad_);
+    if (loader.DoModal() != ulo::IDOK)
+        return;
+    if (loader.GetNoNewLtypes() == 0)
+        return;
+    for (unsigned i = 0; i < loader.GetNoNewLtypes(); ++i)
+        controller_->AddLtype(loader.GetNewLtypeNo(i));
+    controller_->SetSelLtype(nullptr);
+    FillList();
+    RedrawViews();
+}
+
+void CEVELDLtypeDLg::OnScaleEdited(const QString& text) {
+    const std::wstring read = text.left(kScaleChars).toStdWString();
+    scale_ = ulo::wtof(read.c_str());
+    controller_->SetNewLtypeScale(scale_);
+}
+
+}  // namespace veld5

@@ -1,0 +1,67 @@
+#include "CVELDLayerLtypeDlg.h"
+
+#include "CListEdit.h"
+#include "app/VELD.h"
+#include "res/StringIds.h"
+#include "shell/ResString.h"
+#include "ulo/ctrl/MessageBox.h"
+
+namespace veld5 {
+
+CVELDLayerLtypeDlg::CVELDLayerLtypeDlg(CLayerLtypeCtrlDlg* controller, CVELD* cad, CWnd* parent,
+                                       int templateId, ControlIds ids)
+    : CExDialog(static_cast<unsigned>(templateId), parent),
+      cad_(cad),
+      controller_(controller),
+      ids_(ids) {
+    controller_->AddReference();
+    controller_->SetNotifier(this);
+}
+
+CVELDLayerLtypeDlg::~CVELDLayerLtypeDlg() {
+    // The caller may keep the controller a moment longer: it must not call
+    // back into a dialog that is gone.
+    controller_->SetNotifier(nullptr);
+    controller_->SubReference();
+}
+
+int CVELDLayerLtypeDlg::ShowMessage(const wchar_t* caption, const wchar_t* text, unsigned flags) {
+    return ulo::MessageBox(this, ulo::WString(text), ulo::WString(caption), flags);
+}
+
+void CVELDLayerLtypeDlg::OnEndEditItem(QString, int) {}
+
+QWidget* CVELDLayerLtypeDlg::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) {
+    if (ctrl.id != kIdNameEdit)
+        return nullptr;
+    nameEdit_ = new CListEdit(this, parent);
+    return nameEdit_;
+}
+
+BOOL CVELDLayerLtypeDlg::OnInitDialog() {
+    if (!CExDialog::OnInitDialog())
+        return FALSE;
+    GetDlgItem<CColButton>(ulo::IDOK)->SetBtnColor(0, 2);
+    GetDlgItem<CColButton>(ulo::IDCANCEL)->SetBtnColor(0, 2);
+    for (unsigned id : {ids_.first, ids_.remove, ids_.current})
+        GetDlgItem<CColButton>(id)->SetBtnColor(2, 2);
+
+    auto* filter = GetDlgItem<CCEBaseKeybCombo>(ids_.filter);
+    filter->AddString(LoadResString(ids::kFilterAll).ToQString(), kMaskInUse | kMaskUnused);
+    filter->AddString(LoadResString(ids::kFilterAll + 1).ToQString(), kMaskInUse);
+    filter->AddString(LoadResString(ids::kFilterAll + 2).ToQString(), kMaskUnused);
+    filter->setCurrentIndex(0);
+    connect(filter, &CCEBaseKeybCombo::selEndOk, this, [this](int) { FillList(); });
+    return TRUE;
+}
+
+int CVELDLayerLtypeDlg::GetFilterMask() const {
+    const auto* filter = GetDlgItem<CCEBaseKeybCombo>(ids_.filter);
+    return filter ? static_cast<int>(filter->GetItemDataAt(filter->currentIndex())) : 0;
+}
+
+void CVELDLayerLtypeDlg::RedrawViews() const {
+    redrawAllViews(*cad_);
+}
+
+}  // namespace veld5

@@ -1,0 +1,190 @@
+// The promise of the layers and line types dialogs, over random visits (fixed
+// seeds): whatever the user does, Cancel leaves the drawing exactly as it was;
+// OK then Undo gives the drawing back as it was, and Redo as it was after OK.
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QMessageBox>
+#include <random>
+
+#include "../factory/FactoryFixture.h"
+#include "app/DrawingFile.h"
+#include "app/SampleDrawing.h"
+#include "app/VELD.h"
+#include "ulo/ctrl/Win.h"
+
+using automation::ScriptedUser;
+
+namespace {
+
+constexpr unsigned kLayers = 11028, kLtypes = 11032, kColour = 11044, kSelType = 11092,
+                   kLoad = 11036;
+
+/// A user who acts at random on whatever window is in front, for a number of
+/// acts on the dialog under test, then ends it with OK or Cancel.
+class RandomUser {
+public:
+    RandomUser(ScriptedUser& user, unsigned seed, bool ok)
+        : user_(user), rng_(seed), acts_(Below(12) + 1), ok_(ok) {}
+
+    void Act(QWidget* window) {
+        if (qobject_cast<QMessageBox*>(window)) {
+            user_.Answer(ulo::IDOK);
+            return;
+        }
+        const unsigned base = window->property("veldBaseId").toUInt();
+        const unsigned okId = window->property("veldOkId").toUInt();
+        const unsigned cancelId = window->property("veldCancelId").toUInt();
+        const auto end = [&] { user_.Click(Below(4) ? okId : cancelId); };
+        switch (base) {
+            case kColour:
+                user_.Press(11192, Fraction(), Fraction());
+                end();
+                return;
+            case kSelType:
+                user_.Tap(11203, Below(Rows(window, 11203)), 0);
+                end();
+                return;
+            case kLoad:
+                for (int n = Below(3); n >= 0; --n)
+                    user_.CheckRow(2000, Below(Rows(window, 2000)));
+                end();
+                return;
+            default:
+                break;
+        }
+        if (acts_-- == 0) {
+            user_.Click(ok_ ? ulo::IDOK : ulo::IDCANCEL);
+            return;
+        }
+        if (base == kLayers)
+            ActOnLayers(window);
+        else if (base == kLtypes)
+            ActOnLtypes(window);
+        else
+            user_.Close();
+    }
+
+private:
+    int Below(int n) { return n <= 0 ? 0 : std::uniform_int_distribution<int>(0, n - 1)(rng_); }
+    double Fraction() { return std::uniform_real_distribution<double>(0.05, 0.95)(rng_); }
+    static int Rows(QWidget* window, unsigned id) {
+        auto* view = qobject_cast<QAbstractItemView*>(ulo::FindControl(window, id));
+        return view && view->model() ? view->model()->rowCount() : 0;
+    }
+    QString Cell(QWidget* window, unsigned id, int row) const {
+        auto* view = qobject_cast<QAbstractItemView*>(ulo::FindControl(window, id));
+        return view->model()->index(row, 0).data().toString();
+    }
+
+    void ActOnLayers(QWidget* w) {
+        const int rows = Rows(w, 1129);
+        const int row = Below(rows);
+        const int what = rows ? Below(9) : 2;
+        static const char* const names[] = {"ROADS", "roads", "NEW_1", "A B", "", "Layer1", "0"};
+        switch (what) {
+            case 0:  // on, freeze, lock, colour, line type
+                user_.Tap(1129, row, 1 + Below(5));
+                break;
+            case 1:  // selected by a double toggle of Lock, then Delete
+                user_.Tap(1129, row, 3).Tap(1129, row, 3).Click(1131);
+                break;
+            case 2:
+                user_.Click(1130);
+                break;
+            case 3:
+                user_.Tap(1129, row, 3).Tap(1129, row, 3).Click(1132);
+                break;
+            case 4:
+                user_.Header(1129, Below(6));
+                break;
+            case 5:
+                user_.Pick(1128, Below(3));
+                break;
+            default: {
+                const QString name = Cell(w, 1129, row);
+                if (name == QStringLiteral("0") || name.contains(u'|'))
+                    user_.Tap(1129, row, 0);  // no editor for these
+                else
+                    user_.Tap(1129, row, 0)
+                        .SetText(11132, QString::fromLatin1(names[Below(7)]))
+                        .Key(11132, Qt::Key_Return);
+                break;
+            }
+        }
+    }
+
+    void ActOnLtypes(QWidget* w) {
+        const int rows = Rows(w, 11126);
+        const int row = Below(rows);
+        static const char* const scales[] = {"2", "0", "-1", "abc", "0.5", "1,25", "1e309"};
+        switch (rows ? Below(6) : 2) {
+            case 0:
+                user_.Tap(11126, row, 0).Click(11129);
+                break;
+            case 1:
+                user_.Tap(11126, row, 0).Click(11127);
+                break;
+            case 2:
+                user_.Click(11128);
+                break;
+            case 3:
+                user_.Clear(11130).Type(11130, QString::fromLatin1(scales[Below(7)]));
+                break;
+            case 4:
+                user_.Pick(11125, Below(3));
+                break;
+            default:
+                user_.Click(11127);
+                break;
+        }
+    }
+
+    ScriptedUser& user_;
+    std::mt19937 rng_;
+    int acts_;
+    bool ok_;
+};
+
+class VisitInvariantTest : public FactoryTest, public ::testing::WithParamInterface<bool> {};
+
+TEST_P(VisitInvariantTest, CancelRestoresOkIsOneUndoStep) {
+    const bool layers = GetParam();
+    constexpr unsigned kVisits = 150;
+    unsigned changed = 0;  // visits kept by OK that changed the drawing
+    for (unsigned seed = 1; seed <= kVisits; ++seed) {
+        SCOPED_TRACE(seed);
+        CVELD cad;
+        BuildSampleDrawing(cad);
+        const QByteArray dumped = drawingfile::Dump(cad);
+        const QByteArray written = drawingfile::Write(cad);
+        const bool ok = seed % 2 == 0;
+        ScriptedUser user;
+        RandomUser random(user, seed, ok);
+        user.whenIdle = [&](QWidget* w) { random.Act(w); };
+        if (layers)
+            factory->ShowDlgLayer(nullptr, cad);
+        else
+            factory->ShowDlgLtype(nullptr, cad);
+        ASSERT_TRUE(user.Finished()) << user.Report().toStdString();
+        if (!ok) {
+            ASSERT_EQ(drawingfile::Dump(cad), dumped);
+            continue;
+        }
+        const QByteArray after = drawingfile::Write(cad);
+        changed += after != written;
+        ASSERT_TRUE(cad.Undo());
+        ASSERT_EQ(drawingfile::Write(cad), written);
+        ASSERT_TRUE(cad.Redo());
+        ASSERT_EQ(drawingfile::Write(cad), after);
+    }
+    // The random user does change things: most visits kept are not empty.
+    EXPECT_GT(changed, kVisits / 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, VisitInvariantTest, ::testing::Values(true, false),
+                         [](const auto& info) {
+                             return std::string(info.param ? "Layers" : "Ltypes");
+                         });
+
+}  // namespace
