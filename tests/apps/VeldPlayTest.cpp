@@ -516,3 +516,29 @@ TEST(VeldPlay, PickersReportTheirSwatchListsAndResults) {
     EXPECT_EQ(results[1]["created"], QJsonArray({"DASHED2"}));
     expectFields(run, "error", {{"message", "the drawing has no line type \"NOPE\""}});
 }
+
+// A script sorts the layers list by a column header and reads the rows with
+// their states as words; the line types dialog reports its scale edit.
+TEST(VeldPlay, TableDialogsSortAndReadTheirLists) {
+    SampleHost sample;
+    const PlayRun run = play(sample.host,
+                             "call ShowDlgLayer\n  header 1129 4\n  read 1129\n  header 1129 4\n"
+                             "  read 1129\n  header 1129 9\n  click 2\nend\n"
+                             "call ShowDlgLtype\n  read 11130\n  click 2\nend\n");
+    EXPECT_EQ(run.errors, 1) << run.text.toStdString();
+    expectFields(run, "error", {{"message", "header 1129 9: no column header 9"}});
+    std::vector<QJsonObject> lists;
+    for (const QJsonObject& e : run.events)
+        if (e["event"] == "control")
+            lists.push_back(e);
+    ASSERT_EQ(lists.size(), 3u);
+    const QJsonArray ascending = lists[0]["rows"].toArray();
+    const QJsonArray descending = lists[1]["rows"].toArray();
+    ASSERT_EQ(ascending.size(), descending.size());
+    // Colour 1 (Red, BUILDINGS) first, then last; every state a word.
+    EXPECT_EQ(ascending.first().toArray(),
+              QJsonArray({"BUILDINGS", "on", "thawed", "unlocked", "Red", "Continuous"}));
+    EXPECT_EQ(descending.last().toArray().at(0), "BUILDINGS");
+    EXPECT_EQ(lists[0]["marked"], 0);
+    EXPECT_EQ(lists[2]["text"], "1.000000");
+}
