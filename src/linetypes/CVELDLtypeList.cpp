@@ -1,6 +1,5 @@
 #include "CVELDLtypeList.h"
 
-#include <QFontMetrics>
 #include <QHeaderView>
 #include <algorithm>
 
@@ -8,37 +7,12 @@
 #include "CVELDLtypeListModel.h"
 
 CVELDLtypeList::CVELDLtypeList(CVELD* cad, QWidget* parent)
-    : QTableView(parent),
+    : CReportListView(parent),
       cad_(cad),
       model_(new CVELDLtypeListModel(this)),
       delegate_(new CVELDLtypeListDelegate(cad, this)) {
     setModel(model_);
     setItemDelegate(delegate_);
-    setSelectionBehavior(QAbstractItemView::SelectRows);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    // Tab leaves the list for the dialog's next control, as in a list view.
-    setTabKeyNavigation(false);
-    setShowGrid(false);
-    setWordWrap(false);
-    setCornerButtonEnabled(false);
-    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-
-    QHeaderView* rows = verticalHeader();
-    rows->hide();
-    // Fixed, equal rows: the view then places any row by arithmetic, which
-    // keeps filling and scrolling flat in the number of rows.
-    rows->setSectionResizeMode(QHeaderView::Fixed);
-    rows->setMinimumSectionSize(1);
-    SetRowHeight(DefaultRowHeight(font()));
-
-    QHeaderView* columns = horizontalHeader();
-    columns->setHighlightSections(false);
-    columns->setSectionsClickable(false);
-    columns->setStretchLastSection(false);
-    // The owner's widths stand as given, however narrow.
-    columns->setMinimumSectionSize(0);
-    columns->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 CVELDLtypeList::~CVELDLtypeList() = default;
@@ -46,19 +20,6 @@ CVELDLtypeList::~CVELDLtypeList() = default;
 void CVELDLtypeList::SetColumn(int column, const QString& heading, int width) {
     model_->SetHeading(column, heading);
     setColumnWidth(column, std::max(0, width));
-}
-
-void CVELDLtypeList::SetRowHeight(int height) {
-    verticalHeader()->setDefaultSectionSize(std::max(1, height));
-}
-
-int CVELDLtypeList::GetRowHeight() const {
-    return verticalHeader()->defaultSectionSize();
-}
-
-int CVELDLtypeList::DefaultRowHeight(const QFont& font) {
-    const QFontMetrics fm(font);
-    return fm.height() + fm.leading() + 1;
 }
 
 void CVELDLtypeList::SetLtypes(std::span<veld::CLtype* const> ltypes) {

@@ -11,8 +11,9 @@
 // GetSelectedLtype or the ltypeSelected / ltypeDeselected signals. Rows are
 // painted by CVELDLtypeListDelegate over CVELDLtypeListModel, only where
 // visible, so tens of thousands of rows cost no more than a screenful.
-#include <QTableView>
 #include <span>
+
+#include "ReportListView.h"
 
 class CVELD;
 class CVELDLtypeListDelegate;
@@ -22,7 +23,7 @@ namespace veld {
 class CLtype;
 }
 
-class CVELDLtypeList : public QTableView {
+class CVELDLtypeList : public CReportListView {
     Q_OBJECT
     /// The row of the marked current line type, or -1 (for tools that read
     /// the list).
@@ -40,13 +41,6 @@ public:
     /// 1 appearance, 2 description).
     void SetColumn(int column, const QString& heading, int width);
     int GetColumnWidth(int column) const { return columnWidth(column); }
-    /// Height of every row in pixels. The list starts with
-    /// DefaultRowHeight(font()).
-    void SetRowHeight(int height);
-    int GetRowHeight() const;
-    /// The row height of a list in @p font: its height, external leading
-    /// and 1 pixel.
-    static int DefaultRowHeight(const QFont& font);
 
     /// Replaces all rows with @p ltypes, in order (the quick way to fill).
     void SetLtypes(std::span<veld::CLtype* const> ltypes);

@@ -11,11 +11,11 @@
 #include "ulo/PalmDevice.h"
 #include "veld/Ltype.h"
 
-namespace {
+CVELDLtypeListDelegate::CVELDLtypeListDelegate(CVELD* cad, QObject* parent)
+    : QStyledItemDelegate(parent), cad_(cad) {}
 
-/// Draws one text cell; returns the box the text took (empty when none).
-QRect PaintText(QPainter* painter, const QStyleOptionViewItem& option, const QString& text,
-                int multiplier, bool selected) {
+QRect CVELDLtypeListDelegate::PaintText(QPainter* painter, const QStyleOptionViewItem& option,
+                                        const QString& text, int multiplier, bool selected) {
     if (text.isEmpty())
         return {};
     const QRect& cell = option.rect;
@@ -28,8 +28,7 @@ QRect PaintText(QPainter* painter, const QStyleOptionViewItem& option, const QSt
         return {};
     const QFontMetrics& fm = option.fontMetrics;
     const QString shown = fm.elidedText(text, Qt::ElideRight, room);
-    const QRect box =
-        CVELDLtypeListDelegate::TextBox(cell, fm.horizontalAdvance(shown), multiplier);
+    const QRect box = TextBox(cell, fm.horizontalAdvance(shown), multiplier);
     if (box.isEmpty())
         return {};
     if (selected)
@@ -41,8 +40,8 @@ QRect PaintText(QPainter* painter, const QStyleOptionViewItem& option, const QSt
     return box;
 }
 
-void PaintFocusFrame(QPainter* painter, const QStyleOptionViewItem& option, const QRect& box,
-                     bool selected) {
+void CVELDLtypeListDelegate::PaintFocusFrame(QPainter* painter, const QStyleOptionViewItem& option,
+                                             const QRect& box, bool selected) {
     QStyleOptionFocusRect frame;
     frame.QStyleOption::operator=(option);
     frame.rect = box;
@@ -51,11 +50,6 @@ void PaintFocusFrame(QPainter* painter, const QStyleOptionViewItem& option, cons
     const QStyle* style = option.widget ? option.widget->style() : QApplication::style();
     style->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, painter, option.widget);
 }
-
-}  // namespace
-
-CVELDLtypeListDelegate::CVELDLtypeListDelegate(CVELD* cad, QObject* parent)
-    : QStyledItemDelegate(parent), cad_(cad) {}
 
 QRect CVELDLtypeListDelegate::TextBox(const QRect& cell, int textWidth, int multiplier) {
     const int inset = 2 * multiplier;

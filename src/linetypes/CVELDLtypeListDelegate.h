@@ -23,6 +23,14 @@ public:
     /// 4 base pixels but never past the cell's right edge. Empty when the
     /// cell leaves no room.
     static QRect TextBox(const QRect& cell, int textWidth, int multiplier);
+    /// Draws @p text in its TextBox, elided to the cell, on the highlight when
+    /// @p selected; returns the box (empty when the cell leaves no room).
+    /// The layer list draws its texts alike.
+    static QRect PaintText(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QString& text, int multiplier, bool selected);
+    /// The focus frame around a text's @p box.
+    static void PaintFocusFrame(QPainter* painter, const QStyleOptionViewItem& option,
+                                const QRect& box, bool selected);
 
 private:
     CVELD* cad_;

@@ -1,6 +1,5 @@
 #include "CVELDLayerList.h"
 
-#include <QFontMetrics>
 #include <QHeaderView>
 #include <algorithm>
 
@@ -8,41 +7,19 @@
 #include "CVELDLayerListModel.h"
 
 CVELDLayerList::CVELDLayerList(CVELD* cad, QWidget* parent)
-    : QTableView(parent),
+    : CReportListView(parent),
       cad_(cad),
       model_(new CVELDLayerListModel(this)),
       delegate_(new CVELDLayerListDelegate(cad, this)) {
     setModel(model_);
     setItemDelegate(delegate_);
-    setSelectionBehavior(QAbstractItemView::SelectRows);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    // Tab leaves the list for the dialog's next control, as in a list view.
-    setTabKeyNavigation(false);
-    setShowGrid(false);
-    setWordWrap(false);
-    setCornerButtonEnabled(false);
-    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     // The dialog keeps its own sort order (a comparator and a direction
     // that flips on a second click): the view never sorts by itself.
     setSortingEnabled(false);
 
-    QHeaderView* rows = verticalHeader();
-    rows->hide();
-    // Fixed, equal rows: the view then places any row by arithmetic, which
-    // keeps filling, sorting and scrolling flat in the number of rows.
-    rows->setSectionResizeMode(QHeaderView::Fixed);
-    rows->setMinimumSectionSize(1);
-    SetRowHeight(DefaultRowHeight(font()));
-
     QHeaderView* columns = horizontalHeader();
-    columns->setHighlightSections(false);
     columns->setSectionsClickable(true);
     columns->setSortIndicatorShown(false);
-    columns->setStretchLastSection(false);
-    // The owner's widths stand as given, however narrow.
-    columns->setMinimumSectionSize(0);
-    columns->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     connect(columns, &QHeaderView::sectionClicked, this,
             [this](int column) { Q_EMIT columnClicked(column); });
 
@@ -62,19 +39,6 @@ CVELDLayerList::~CVELDLayerList() = default;
 void CVELDLayerList::SetColumn(int column, const QString& heading, int width) {
     model_->SetHeading(column, heading);
     setColumnWidth(column, std::max(0, width));
-}
-
-void CVELDLayerList::SetRowHeight(int height) {
-    verticalHeader()->setDefaultSectionSize(std::max(1, height));
-}
-
-int CVELDLayerList::GetRowHeight() const {
-    return verticalHeader()->defaultSectionSize();
-}
-
-int CVELDLayerList::DefaultRowHeight(const QFont& font) {
-    const QFontMetrics fm(font);
-    return fm.height() + fm.leading() + 1;
 }
 
 void CVELDLayerList::SetLayers(std::span<veld::CLayer* const> layers) {

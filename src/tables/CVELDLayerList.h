@@ -10,8 +10,9 @@
 // are painted by CVELDLayerListDelegate over CVELDLayerListModel, only where
 // visible, so 50 000 layers cost no more than a screenful; finding the row of
 // a layer takes constant time.
-#include <QTableView>
 #include <span>
+
+#include "linetypes/ReportListView.h"
 
 class CVELD;
 class CVELDLayerListDelegate;
@@ -21,7 +22,7 @@ namespace veld {
 class CLayer;
 }
 
-class CVELDLayerList : public QTableView {
+class CVELDLayerList : public CReportListView {
     Q_OBJECT
     /// The row of the marked current layer, or -1 (for tools that read the
     /// list).
@@ -37,11 +38,6 @@ public:
 
     /// Sets the header text and the width in pixels of @p column.
     void SetColumn(int column, const QString& heading, int width);
-    /// Height of every row in pixels (DefaultRowHeight(font()) at first).
-    void SetRowHeight(int height);
-    int GetRowHeight() const;
-    /// Font height, external leading and 1 pixel.
-    static int DefaultRowHeight(const QFont& font);
 
     /// Replaces all rows with @p layers, in order.
     void SetLayers(std::span<veld::CLayer* const> layers);

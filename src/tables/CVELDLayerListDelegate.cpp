@@ -20,45 +20,6 @@ namespace {
 
 using Icon = CVELDLayerListDelegate::Icon;
 
-/// Draws @p text in the box CVELDLtypeListDelegate::TextBox gives (the box
-/// of the line type list, so both lists look alike); returns the box, empty
-/// when the cell leaves no room.
-QRect PaintBoxedText(QPainter* painter, const QStyleOptionViewItem& option, const QString& text,
-                     int multiplier, bool selected) {
-    if (text.isEmpty())
-        return {};
-    const QRect& cell = option.rect;
-    const int inset = 2 * multiplier;
-    // Elided against all the room the cell leaves, not against the measured
-    // width, whose rounding could cut a text that just fits.
-    const int room = cell.width() - 3 * inset;
-    if (room <= 0)
-        return {};
-    const QFontMetrics& fm = option.fontMetrics;
-    const QString shown = fm.elidedText(text, Qt::ElideRight, room);
-    const QRect box =
-        CVELDLtypeListDelegate::TextBox(cell, fm.horizontalAdvance(shown), multiplier);
-    if (box.isEmpty())
-        return {};
-    if (selected)
-        painter->fillRect(box, option.palette.brush(QPalette::Highlight));
-    painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
-    painter->drawText(QRect(box.left() + inset, cell.top(), room, cell.height()),
-                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
-    return box;
-}
-
-void PaintFocusFrame(QPainter* painter, const QStyleOptionViewItem& option, const QRect& box,
-                     bool selected) {
-    QStyleOptionFocusRect frame;
-    frame.QStyleOption::operator=(option);
-    frame.rect = box;
-    frame.state |= QStyle::State_KeyboardFocusChange;
-    frame.backgroundColor = option.palette.color(selected ? QPalette::Highlight : QPalette::Base);
-    const QStyle* style = option.widget ? option.widget->style() : QApplication::style();
-    style->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, painter, option.widget);
-}
-
 /// The icon of a state column for @p layer.
 Icon StateIcon(int column, const veld::CLayer& layer) {
     const unsigned flags = layer.GetFlags();
@@ -153,14 +114,14 @@ void CVELDLayerListDelegate::paint(QPainter* painter, const QStyleOptionViewItem
     switch (index.column()) {
         case CVELDLayerListModel::kColName: {
             const bool selected = option.state & QStyle::State_Selected;
-            const QRect box =
-                PaintBoxedText(painter, option, index.data().toString(), multiplier, selected);
+            const QRect box = CVELDLtypeListDelegate::PaintText(
+                painter, option, index.data().toString(), multiplier, selected);
             // The view gives the focus state to one cell only; the row's
             // frame goes around its name, whichever column was tapped.
             const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
             if (!box.isEmpty() && view && view->hasFocus() &&
                 view->currentIndex().row() == index.row())
-                PaintFocusFrame(painter, option, box, selected);
+                CVELDLtypeListDelegate::PaintFocusFrame(painter, option, box, selected);
             break;
         }
         case CVELDLayerListModel::kColOn:
@@ -198,7 +159,8 @@ void CVELDLayerListDelegate::paint(QPainter* painter, const QStyleOptionViewItem
             break;
         }
         case CVELDLayerListModel::kColLtype:
-            PaintBoxedText(painter, option, index.data().toString(), multiplier, false);
+            CVELDLtypeListDelegate::PaintText(painter, option, index.data().toString(), multiplier,
+                                              false);
             break;
         default:
             break;

@@ -106,9 +106,13 @@ private:
                 if (name == QStringLiteral("0") || name.contains(u'|'))
                     user_.Tap(1129, row, 0);  // no editor for these
                 else
-                    user_.Tap(1129, row, 0)
-                        .SetText(11132, QString::fromLatin1(names[Below(7)]))
-                        .Key(11132, Qt::Key_Return);
+                    // Typed only when the editor came: a tap on the cell a
+                    // moment after the last one on it is a double tap.
+                    user_.Tap(1129, row, 0).Inspect([this, name = names[Below(7)]](QWidget* w) {
+                        if (ulo::FindControl(w, 11132)->isVisible())
+                            user_.SetText(11132, QString::fromLatin1(name))
+                                .Key(11132, Qt::Key_Return);
+                    });
                 break;
             }
         }
