@@ -252,99 +252,6 @@ TEST(LayerLtypeCtrlNewLayer, LineTypeOfAnExistingNameTakesTheNewDefinition) {
     EXPECT_TRUE(v.ltype(L"DASHED")->GetLtypeComplexDashSeq() == loaded->GetLtypeComplexDashSeq());
 }
 
-// The end of a visit, for edit scripts of each kind: Rollback gives back the
-// drawing exactly (order of the tables included); Commit adds one command
-// whose undo gives back the drawing and whose redo the committed one.
-TEST(LayerLtypeCtrlEnd, RollbackRestoresAndCommitUndoesAndRedoes) {
-    struct Script {
-        const char* what;
-        std::function<void(Visit&)> edit;
-    };
-    const Script scripts[] = {
-        {"new layers",
-         [](Visit& v) {
-             v.ctrl->NewLayer()->SetColor(40);
-             v.ctrl->NewLayer();
-         }},
-        {"layer deleted from the middle",
-         [](Visit& v) {
-             v.select({L"TREES", L"SPARE1"});  // TREES has objects and stays
-             v.ctrl->DeleteSelLayers();
-         }},
-        {"layer edited, then deleted",
-         [](Visit& v) {
-             v.layer(L"SPARE1")->SetColor(200);
-             v.layer(L"SPARE1")->SetName(L"RENAMED");
-             v.select({L"RENAMED"});
-             v.ctrl->DeleteSelLayers();
-         }},
-        {"layer and line type properties",
-         [](Visit& v) {
-             veld::CLayer* roads = v.layer(L"ROADS");
-             roads->SetColor(1);
-             roads->SetFrozen(true);
-             roads->SetLtype(v.ltype(L"SPARE_LT"));
-             roads->SetName(L"STREETS");
-             v.ltype(L"DASHED")->SetDesc(L"changed");
-         }},
-        {"line types brought in and deleted",
-         [](Visit& v) {
-             v.ctrl->AddLtype(v.newLtype(L"NEWLT", 3.0).get());
-             v.ctrl->AddLtype(v.newLtype(L"dashed", 9.0).get());
-             v.ctrl->SetSelLtype(v.ltype(L"SPARE_LT"));
-             v.ctrl->DeleteSelLtype();
-         }},
-        {"current items and scale",
-         [](Visit& v) {
-             v.select({L"POINTS"});
-             v.ctrl->MakeSelLayerCurrent();
-             v.ctrl->SetSelLtype(v.ltype(L"DASHED"));
-             v.ctrl->MakeSelLtypeCurrent();
-             v.ctrl->SetNewLtypeScale(3.0);
-         }},
-        {"new items made current",
-         [](Visit& v) {
-             const auto pipe = v.newLtype(L"PIPE", 2.0);
-             v.ctrl->AddLtype(pipe.get());
-             veld::CLayer* made = v.ctrl->NewLayer();
-             made->SetLtype(pipe.get());
-             v.select({L"Layer1"});
-             v.ctrl->MakeSelLayerCurrent();
-             v.ctrl->SetSelLtype(pipe.get());
-             v.ctrl->MakeSelLtypeCurrent();
-         }},
-    };
-    for (const Script& s : scripts) {
-        {
-            Visit v;
-            const auto host = [&v] {
-                return std::tuple(GetCurLayer(&v.cad), GetCurLtype(&v.cad), GetLtypeScale(&v.cad));
-            };
-            const auto hostBefore = host();
-            s.edit(v);
-            EXPECT_EQ(host(), hostBefore) << s.what;  // the host's settings wait for Commit
-            v.ctrl->Rollback();
-            EXPECT_EQ(dump(v.cad), v.dumpBefore) << s.what;
-            v.ctrl->Commit();  // the visit has ended: nothing more happens
-            EXPECT_EQ(dump(v.cad), v.dumpBefore) << s.what;
-        }
-        Visit v;
-        s.edit(v);
-        v.ctrl->Commit();
-        const std::string committed = write(v.cad);
-        EXPECT_NE(committed, v.writeBefore) << s.what;
-        v.ctrl->Commit();
-        v.ctrl->Rollback();
-        EXPECT_EQ(write(v.cad), committed) << s.what;
-        ASSERT_EQ(v.cad.GetUndoList().GetCount(), 1u) << s.what;
-        ASSERT_TRUE(v.cad.Undo()) << s.what;
-        EXPECT_EQ(write(v.cad), v.writeBefore) << s.what;
-        ASSERT_TRUE(v.cad.Redo()) << s.what;
-        EXPECT_EQ(write(v.cad), committed) << s.what;
-        EXPECT_TRUE(v.recorder.messages.empty()) << s.what;
-    }
-}
-
 TEST(LayerLtypeCtrlEnd, CommitMakesTheChosenItemsCurrentAndUndoTheFormerOnes) {
     Visit v;
     veld::CLtype* formerLtype = GetCurLtype(&v.cad);
@@ -358,25 +265,6 @@ TEST(LayerLtypeCtrlEnd, CommitMakesTheChosenItemsCurrentAndUndoTheFormerOnes) {
     ASSERT_TRUE(v.cad.Undo());
     EXPECT_EQ(GetCurLayer(&v.cad), v.layer(L"BUILDINGS"));
     EXPECT_EQ(GetCurLtype(&v.cad), formerLtype);
-}
-
-TEST(LayerLtypeCtrlEnd, ScaleNotGreaterThanZeroFallsBackToTheStartingOne) {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const double inf = std::numeric_limits<double>::infinity();
-    struct Row {
-        double edited, applied;
-    } const rows[] = {{0.0, 1.0}, {-2.0, 1.0}, {-0.0, 1.0}, {nan, 1.0}, {inf, 1.0}, {2.5, 2.5}};
-    for (const Row& row : rows) {
-        Visit v;
-        ASSERT_EQ(GetLtypeScale(&v.cad), 1.0);
-        v.ctrl->SetNewLtypeScale(row.edited);
-        v.ctrl->Commit();
-        EXPECT_EQ(GetLtypeScale(&v.cad), row.applied) << row.edited;
-        ASSERT_TRUE(v.cad.Undo());
-        EXPECT_EQ(GetLtypeScale(&v.cad), 1.0) << row.edited;
-        ASSERT_TRUE(v.cad.Redo());
-        EXPECT_EQ(GetLtypeScale(&v.cad), row.applied) << row.edited;
-    }
 }
 
 TEST(LayerLtypeCtrlEnd, LayerMadeAndDeletedInOneVisitLeavesNoTrace) {
