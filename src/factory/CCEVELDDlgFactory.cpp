@@ -21,17 +21,26 @@ namespace veld5 {
 
 // Operations whose dialog is not built yet end as a cancelled dialog would.
 
-void CCEVELDDlgFactory::ShowDlgInsText(CWnd*, CVELD&, ulo::geom::PNT_3D&,
+// Text insertion (drafting/CCECADDlgInsText.h).
+void RunInsTextDialog(CWnd* parent, CVELD& cad, const ulo::geom::PNT_3D& point,
+                      veld::CEntCollection& ents);
+void CCEVELDDlgFactory::ShowDlgInsText(CWnd* parent, CVELD& cad, ulo::geom::PNT_3D& point,
                                        veld::CEntCollection& ents) {
-    // The caller gets only the texts of this call, whatever the outcome.
-    ents.RemoveAllEnts();
+    RunInsTextDialog(parent, cad, point, ents);
 }
-void CCEVELDDlgFactory::ShowDlgOSnap(CWnd*, CVELD&) {}
-bool CCEVELDDlgFactory::ShowDlSnapInsertPnt(CWnd*, CVELD&, ulo::geom::PNT_3D&) {
-    return false;
+// Object snap and coordinate entry (drafting/CCECADDlgOSnap.h, drafting/CCECADDlgSnap.h).
+void RunDlgOSnap(CVELD& cad);
+bool RunDlgSnapInsertPnt(CWnd* parent, ulo::geom::PNT_3D& point);
+void CCEVELDDlgFactory::ShowDlgOSnap(CWnd*, CVELD& cad) {
+    // The dialog has no parent window.
+    RunDlgOSnap(cad);
 }
-bool CCEVELDDlgFactory::ShowDlgGridProp(CWnd*) {
-    return false;
+bool CCEVELDDlgFactory::ShowDlSnapInsertPnt(CWnd* parent, CVELD&, ulo::geom::PNT_3D& point) {
+    return RunDlgSnapInsertPnt(parent, point);
+}
+bool ShowGridSnapDialog(CWnd* parent);  // drafting/CCECADDlgSnapGridCont.h
+bool CCEVELDDlgFactory::ShowDlgGridProp(CWnd* parent) {
+    return ShowGridSnapDialog(parent);
 }
 void CCEVELDDlgFactory::ShowDlgOptColors(CWnd*, CVELD&) {}
 namespace {
@@ -82,8 +91,10 @@ bool CCEVELDDlgFactory::ShowDlgColor(CWnd* parent, const CVELD* cad, short start
     return true;
 }
 void CCEVELDDlgFactory::ShowDlgOptCursor(CWnd*, CVELD&) {}
-bool CCEVELDDlgFactory::ShowDlgAngle(CWnd*, CVELD&) {
-    return false;
+// Angle system (drafting/CCECADDlgAngle.h).
+bool RunAngleSystemDialog(CWnd* parent, CVELD& cad);
+bool CCEVELDDlgFactory::ShowDlgAngle(CWnd* parent, CVELD& cad) {
+    return RunAngleSystemDialog(parent, cad);
 }
 bool CCEVELDDlgFactory::ShowDlgHatch(CWnd*, const veld::CHatchType**) {
     return false;

@@ -39,8 +39,22 @@ constexpr unsigned kFilterAll = 11593;  ///< 11593 "All", 11594 in use, 11595 un
 constexpr unsigned kSelectLayerToErase = 11597;
 constexpr unsigned kSelectLtypeToErase = 11603;
 constexpr unsigned kSelectLtypeToCurrent = 11604;
+/// The object snap dialog: snap switched on with no snap type.
+constexpr unsigned kOneSnapRequired = 11605;
+/// The tabs of the grid and snap dialog.
+constexpr unsigned kTabSnap = 11500;
+constexpr unsigned kTabGrid = 11501;
+/// The text insertion dialog's refusals (caption kWarning, the slant kError).
+constexpr unsigned kInvalidValue = 11504;
+constexpr unsigned kValueMustBePositive = 11505;
+constexpr unsigned kSlantWithin85Degrees = 11507;
 
 inline constexpr unsigned kLoadedStringIds[] = {
+    kTabSnap,
+    kTabGrid,
+    kInvalidValue,
+    kValueMustBePositive,
+    kSlantWithin85Degrees,
     kError,
     kValueNotNegative,
     kValueNotPositive,
@@ -84,6 +98,7 @@ inline constexpr unsigned kLoadedStringIds[] = {
     kSelectLayerToErase,
     kSelectLtypeToErase,
     kSelectLtypeToCurrent,
+    kOneSnapRequired,
 };
 
 }  // namespace veld5::ids

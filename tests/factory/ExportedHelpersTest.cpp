@@ -36,15 +36,3 @@ TEST(ExportedHelpers, NtfySelectedEntSelectsAndDeselects) {
     exported(&cad, line, false);
     EXPECT_EQ(selection.GetNoEnts(), 0u);
 }
-
-TEST(ExportedHelpers, TextInsertionEmptiesTheCallersCollection) {
-    CVELD cad;
-    veld::CEntCollection ents;
-    veld::TEXT_3D text(L"old", GetCurStyle(&cad), 1, 0, 1, 0, {}, 0, 0);
-    veld::CEntText* stale = CreateEntText(&cad, text);
-    ents.AddEnt(stale);
-    stale->SubReference();
-    ulo::geom::PNT_3D at{};
-    CreateFactory()->ShowDlgInsText(nullptr, cad, at, ents);
-    EXPECT_EQ(ents.GetNoEnts(), 0u);
-}

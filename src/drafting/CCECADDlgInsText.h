@@ -1,0 +1,68 @@
+#pragma once
+// The text insertion dialog: up to three lines of text with a style, height,
+// width factor, rotation, slant and justification. OK makes one text entity
+// per non-empty line, line under line from the insertion point, without
+// putting them into the drawing: the caller takes them with GetTexts. Angles
+// are shown and read in the CAD instance's angle system.
+#include <vector>
+
+#include "ulo/Geom.h"
+#include "ulo/RefCounter.h"
+#include "ulo/ctrl/Dialog.h"
+
+class CVELD;
+
+namespace veld {
+class CEnt;
+class CEntCollection;
+class CStyle;
+}  // namespace veld
+
+namespace veld5 {
+
+class CCECADDlgInsText : public CExDialog {
+    Q_OBJECT
+public:
+    CCECADDlgInsText(const ulo::geom::PNT_3D& point, CVELD* cad, CWnd* parent);
+    ~CCECADDlgInsText() override;
+
+    /// The texts made at OK, in line order. The dialog holds one reference on
+    /// each until it is destroyed: a caller that keeps them takes its own.
+    std::vector<veld::CEnt*> GetTexts() const;
+
+    static constexpr unsigned kIdLine1 = 11139;
+    static constexpr unsigned kIdLine2 = 11146;
+    static constexpr unsigned kIdLine3 = 11147;
+    static constexpr unsigned kIdHeight = 11140;
+    static constexpr unsigned kIdSlant = 11141;
+    static constexpr unsigned kIdRotation = 11142;
+    static constexpr unsigned kIdWidth = 11143;
+    static constexpr unsigned kIdJustify = 11144;
+    static constexpr unsigned kIdStyle = 11145;
+
+protected:
+    BOOL OnInitDialog() override;
+    void OnOK() override;
+    bool OnCommand(unsigned id) override;
+
+private:
+    /// The number typed in edit @p id; false when the text holds none.
+    bool ReadNumber(unsigned id, double& value) const;
+    /// Shows @p text and puts the user back into edit @p id, all selected.
+    void Refuse(unsigned id, const ulo::WString& text, unsigned captionId);
+    /// The style of the selected entry, or the current style when none is.
+    veld::CStyle* ChosenStyle() const;
+    void MakeTexts(veld::CStyle* style, double height, double widthFactor, double slant,
+                   double rotation);
+
+    ulo::geom::PNT_3D point_;
+    CVELD* cad_;
+    std::vector<ulo::RefPtr<veld::CEnt>> texts_;
+};
+
+/// ShowDlgInsText: empties @p ents, runs the dialog and, after OK, appends
+/// the texts it made, in their order.
+void RunInsTextDialog(CWnd* parent, CVELD& cad, const ulo::geom::PNT_3D& point,
+                      veld::CEntCollection& ents);
+
+}  // namespace veld5

@@ -1,0 +1,131 @@
+#include "CCECADDlgSnap.h"
+
+#include <array>
+#include <cmath>
+#include <cwchar>
+#include <string>
+#include <utility>
+
+#include <locale.h>
+#include <wchar.h>
+#if defined(__APPLE__)
+#include <xlocale.h>
+#endif
+
+#include "factory/Scopes.h"
+#include "res/StringIds.h"
+#include "shell/DialogIds.h"
+#include "shell/ResString.h"
+#include "ulo/HelpTopic.h"
+#include "ulo/NumberText.h"
+#include "ulo/PalmDevice.h"
+#include "ulo/Xlate.h"
+#include "ulo/ctrl/MessageBox.h"
+
+namespace veld5 {
+
+namespace {
+
+/// wcstod in the "C" locale: the typed text reads the same whatever the
+/// process locale is (the edit has already turned a decimal comma into '.').
+double WcstodC(const wchar_t* text) {
+#if defined(_WIN32)
+    static const _locale_t c = _create_locale(LC_ALL, "C");
+    if (c)
+        return _wcstod_l(text, nullptr, c);
+#else
+    static const locale_t c = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
+    if (c)
+        return wcstod_l(text, nullptr, c);
+#endif
+    return ulo::ScanNumber(text).value;
+}
+
+}  // namespace
+
+CCECADDlgSnap::CCECADDlgSnap(CWnd* parent)
+    : CExDialog(CPalmDevice::SelectIdDlgStd(11072, 11073, 11074, 11075), parent) {
+    SetOkCancelIds(kIdOk, kIdCancel);
+}
+
+double CCECADDlgSnap::ReadField(const QString& text) {
+    if (text.isEmpty())
+        return kEmptyField;
+    const std::wstring wide = text.toStdWString();
+    // Adding +0.0 turns a typed "-0" into 0: no point carries a negative zero.
+    return WcstodC(wide.c_str()) + 0.0;
+}
+
+BOOL CCECADDlgSnap::OnInitDialog() {
+    if (!CExDialog::OnInitDialog())
+        return FALSE;
+    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg InsGrafCoord");
+    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
+    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
+    // No previous point is shown: every entry starts from blank fields.
+    for (const unsigned id : {kIdEast, kIdNorth, kIdElevation})
+        SetDlgItemText(id, QString());
+    return TRUE;
+}
+
+void CCECADDlgSnap::OnOK() {
+    elevation_ = ReadField(GetDlgItemText(kIdElevation));
+    north_ = ReadField(GetDlgItemText(kIdNorth));
+    east_ = ReadField(GetDlgItemText(kIdEast));
+    const std::array<std::pair<unsigned, double>, 3> fields = {
+        {{kIdEast, east_}, {kIdNorth, north_}, {kIdElevation, elevation_}}};
+
+    // An empty field, a value of 1e100 or more, +inf and NaN: a beep alone.
+    for (const auto& [id, value] : fields) {
+        if (!(value < kEmptyField)) {
+            ulo::MessageBeep(ulo::MB_ICONEXCLAMATION);
+            FocusField(id);
+            return;
+        }
+    }
+    // A negative number beyond the range of a double passes the bound above
+    // but must not reach the drawing.
+    for (const auto& [id, value] : fields) {
+        if (!std::isfinite(value)) {
+            const ulo::WString text =
+                ulo::WString::FromQString(FieldLabel(id) + QLatin1Char(' ') +
+                                          LoadResString(ids::kValueOutOfRange).ToQString());
+            ulo::MessageBox(this, text, LoadResString(ids::kWarning),
+                            ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+            FocusField(id);
+            return;
+        }
+    }
+    CExDialog::OnOK();
+}
+
+QString CCECADDlgSnap::FieldLabel(unsigned id) const {
+    const wchar_t* label = L"";
+    if (const ulo::DialogTemplate* t = GetTemplate()) {
+        for (const ulo::CtrlTemplate& ctrl : t->controls) {
+            if (ctrl.id == id)
+                break;
+            if (ctrl.kind == ulo::CtrlKind::Static && ctrl.label)
+                label = ctrl.label;
+        }
+    }
+    return ulo::Xlate(ulo::WString(label)).ToQString();
+}
+
+void CCECADDlgSnap::FocusField(unsigned id) {
+    if (auto* edit = GetDlgItem<QLineEdit>(id)) {
+        edit->selectAll();
+        edit->setFocus();
+    }
+}
+
+bool RunDlgSnapInsertPnt(CWnd* parent, ulo::geom::PNT_3D& point) {
+    CModuleResourceScope scope;
+    CCECADDlgSnap dialog(parent);
+    if (dialog.DoModal() != ulo::IDOK)
+        return false;
+    point = dialog.GetPoint();
+    return true;
+}
+
+}  // namespace veld5

@@ -1,0 +1,47 @@
+#pragma once
+// Coordinate entry: the user types East, North and elevation of a point that
+// the host asked for. The dialog always opens blank; on OK all three fields
+// must hold a number.
+#include "ulo/Geom.h"
+#include "ulo/ctrl/Dialog.h"
+
+namespace veld5 {
+
+class CCECADDlgSnap : public CExDialog {
+    Q_OBJECT
+public:
+    explicit CCECADDlgSnap(CWnd* parent);
+
+    /// The point entered (x East, y North, z elevation); valid after OK.
+    ulo::geom::PNT_3D GetPoint() const { return {east_, north_, elevation_}; }
+
+    /// What an empty field reads as, and the bound every coordinate stays below.
+    static constexpr double kEmptyField = 1e100;
+    /// The number a field's text reads as: its leading number in the "C"
+    /// notation (0 when it has none, kEmptyField when it is empty). "inf",
+    /// "nan" and numbers beyond a double read as such, for OK to refuse.
+    static double ReadField(const QString& text);
+
+protected:
+    BOOL OnInitDialog() override;
+    void OnOK() override;
+
+private:
+    static constexpr unsigned kIdEast = 11185;
+    static constexpr unsigned kIdNorth = 11186;
+    static constexpr unsigned kIdElevation = 11188;
+
+    /// The label the template puts before the edit @p id ("East :").
+    QString FieldLabel(unsigned id) const;
+    void FocusField(unsigned id);
+
+    double east_ = kEmptyField;
+    double north_ = kEmptyField;
+    double elevation_ = kEmptyField;
+};
+
+/// The factory's ShowDlSnapInsertPnt: after OK @p point receives the point
+/// entered and the result is true; otherwise @p point is left as it was.
+bool RunDlgSnapInsertPnt(CWnd* parent, ulo::geom::PNT_3D& point);
+
+}  // namespace veld5
