@@ -33,7 +33,9 @@ call GetDlgPasswordRequest
 end
 SCRIPT
 done
-# The pickers and the layers and line types dialogs in all four layouts, on
+# The pickers, the layers and line types dialogs and the drafting aids (grid
+# and snap with each page, object snap, point entry, angle system, text
+# insertion) in all four layouts, on
 # the sample's layers and line types and the default library (which holds
 # text line types).
 for layout in 0 1 2 3; do
@@ -63,6 +65,30 @@ end
 call ShowDlgLtype
   tap 11126 12 0
   shot "$OUT/ltypes-$layout.png"
+  close
+end
+call ShowDlgGridProp
+  shot "$OUT/grid-snap-$layout.png"
+  tab 11172 1
+  shot "$OUT/grid-grid-$layout.png"
+  close
+end
+call ShowDlgOSnap
+  shot "$OUT/osnap-$layout.png"
+  close
+end
+call ShowDlSnapInsertPnt x=1250.5 y=-310.25 z=12
+  shot "$OUT/snap-point-$layout.png"
+  close
+end
+call ShowDlgAngle
+  shot "$OUT/angle-$layout.png"
+  close
+end
+call ShowDlgInsText x=40 y=25
+  type 11139 "PLOT 12"
+  type 11146 "Survey 2026"
+  shot "$OUT/ins-text-$layout.png"
   close
 end
 SCRIPT

@@ -49,10 +49,38 @@ unsigned changeSelection(CVELD& cad, const std::function<void(veld::CEnt&)>& cha
 
 }  // namespace
 
+QString DraftingState(const CVELD& cad) {
+    static const struct {
+        unsigned bit;
+        const char* name;
+    } kinds[] = {{0x001, "End"}, {0x002, "Mid"},  {0x004, "Int"}, {0x010, "Cen"},  {0x020, "Quad"},
+                 {0x040, "Tan"}, {0x080, "Perp"}, {0x100, "Ins"}, {0x200, "Conn"}, {0x400, "Near"}};
+    constexpr unsigned kCoordinates = 0x20000;
+    QString snap;
+    if (!cad.IsOSnapperOn()) {
+        snap = QStringLiteral("free drawing");
+    } else if (cad.GetOSnapperMask() & kCoordinates) {
+        snap = QStringLiteral("coordinates");
+    } else {
+        QStringList on;
+        for (const auto& k : kinds)
+            if (cad.GetOSnapperMask() & k.bit)
+                on << QLatin1String(k.name);
+        snap = on.isEmpty() ? QStringLiteral("none") : on.join(QStringLiteral(", "));
+    }
+    short system = 0;
+    double base = 0;
+    bool clockwise = false;
+    GetAngleSystem(&cad, system, base, clockwise);
+    return QStringLiteral("snap: %1 | %2")
+        .arg(snap, system == 0 ? QStringLiteral("degrees") : QStringLiteral("gons"));
+}
+
 const std::vector<DemoOperation>& DemoOperations() {
     static const std::vector<DemoOperation> ops = {
-        {"ShowDlgInsText", "Insert text...", false,
+        {"ShowDlgInsText", "Insert text...", true,
          [](DemoContext& c) {
+             // At the cross-hair: where the pointer or a typed point left it.
              veld::CEntCollection ents;
              c.factory->ShowDlgInsText(c.parent, *c.cad, c.point, ents);
              if (ents.GetNoEnts() > 0)
@@ -61,19 +89,19 @@ const std::vector<DemoOperation>& DemoOperations() {
                  .arg(ents.GetNoEnts())
                  .arg(point(c.point));
          }},
-        {"ShowDlgOSnap", "Object snap...", false,
+        {"ShowDlgOSnap", "Object snap...", true,
          [](DemoContext& c) {
              c.factory->ShowDlgOSnap(c.parent, *c.cad);
-             return QStringLiteral("object snap %1, modes 0x%2")
-                 .arg(QLatin1String(c.cad->IsOSnapperOn() ? "on" : "off"))
-                 .arg(c.cad->GetOSnapperMask(), 0, 16);
+             return DraftingState(*c.cad);
          }},
-        {"ShowDlSnapInsertPnt", "Enter a point...", false,
+        {"ShowDlSnapInsertPnt", "Go to point...", true,
          [](DemoContext& c) {
              const bool ok = c.factory->ShowDlSnapInsertPnt(c.parent, *c.cad, c.point);
+             if (ok && c.view)
+                 c.view->MoveCrossHairTo(c.point.x, c.point.y);
              return QStringLiteral("point %1: %2").arg(yesNo(ok), point(c.point));
          }},
-        {"ShowDlgGridProp", "Grid and snap...", false,
+        {"ShowDlgGridProp", "Grid and snap...", true,
          [](DemoContext& c) { return yesNo(c.factory->ShowDlgGridProp(c.view)); }},
         {"ShowDlgOptColors", "Window colours...", false,
          [](DemoContext& c) {
@@ -183,7 +211,7 @@ const std::vector<DemoOperation>& DemoOperations() {
                  .arg(GetCrossDim(c.cad))
                  .arg(GetDeltaPick(c.cad));
          }},
-        {"ShowDlgAngle", "Angle system...", false,
+        {"ShowDlgAngle", "Angle system...", true,
          [](DemoContext& c) {
              const bool ok = c.factory->ShowDlgAngle(c.parent, *c.cad);
              short system;

@@ -34,3 +34,7 @@ struct DemoOperation {
 };
 
 const std::vector<DemoOperation>& DemoOperations();
+
+/// The object snap and the angle system in a few words, for the status bar
+/// ("snap: End, Mid | degrees").
+QString DraftingState(const CVELD& cad);

@@ -66,11 +66,15 @@ DemoWindow::DemoWindow(const QString& libraryPath, const QString& drawing) {
 
     moduleState_ = new QLabel(QStringLiteral("module: not loaded"), this);
     pointer_ = new QLabel(this);
+    pointer_->setObjectName(QStringLiteral("pointer"));
     selection_ = new QLabel(this);
     helpTopic_ = new QLabel(this);
+    drafting_ = new QLabel(this);
+    drafting_->setObjectName(QStringLiteral("drafting"));
     statusBar()->addWidget(moduleState_);
     statusBar()->addWidget(selection_);
     statusBar()->addWidget(pointer_);
+    statusBar()->addWidget(drafting_);
     statusBar()->addPermanentWidget(helpTopic_);
     ulo::SetHelpTopicListener([this](const ulo::WString& topic) {
         helpTopic_->setText(topic.IsEmpty() ? QString()
@@ -159,6 +163,7 @@ void DemoWindow::UpdateActions() {
         redo_->setEnabled(cad_.CanRedo());
     selection_->setText(
         QStringLiteral("%1 selected").arg(GetSelectedEntCollection(&cad_).GetNoEnts()));
+    drafting_->setText(DraftingState(cad_));
 }
 
 bool DemoWindow::MaybeSave() {

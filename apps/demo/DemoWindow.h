@@ -60,6 +60,7 @@ private:
     QLabel* helpTopic_ = nullptr;
     QLabel* pointer_ = nullptr;
     QLabel* selection_ = nullptr;
+    QLabel* drafting_ = nullptr;  // object snap and angle system
     QAction* undo_ = nullptr;
     QAction* redo_ = nullptr;
     QString path_;

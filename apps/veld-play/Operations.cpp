@@ -5,9 +5,11 @@
 // from c.CAD(), which sets c.error when the host has none.
 #include <QJsonArray>
 #include <memory>
+#include <utility>
 
 #include "PlayHost.h"
 #include "Player.h"
+#include "app/Grid.h"
 #include "app/VELD.h"
 #include "app/view/VELDView.h"
 #include "automation/ScriptedUser.h"
@@ -21,6 +23,7 @@
 #include "veld/HandleObjectVectorCollection.h"
 #include "veld/HatchType.h"
 #include "veld/Ltype.h"
+#include "veld/Style.h"
 
 namespace veldplay {
 
@@ -69,13 +72,39 @@ const QMap<QString, Operation>& Operations() {
              // The texts belong to the caller, who would insert them; they
              // are reported, not inserted.
              QJsonArray texts;
-             for (unsigned i = 0; i < ents.GetNoEnts(); ++i)
-                 if (const auto* t = dynamic_cast<const veld::CEntText*>(ents.GetEnt(i)))
-                     texts.append(t->GetText().GetContext().GetString().ToQString());
+             for (unsigned i = 0; i < ents.GetNoEnts(); ++i) {
+                 const auto* t = dynamic_cast<const veld::CEntText*>(ents.GetEnt(i));
+                 if (!t)
+                     continue;
+                 const veld::TEXT_3D text = t->GetText();
+                 const veld::CTextContext& context = text.GetContext();
+                 texts.append(QJsonObject{
+                     {QStringLiteral("text"), context.GetString().ToQString()},
+                     {QStringLiteral("style"),
+                      text.GetStyle() ? text.GetStyle()->GetName().ToQString() : QString()},
+                     {QStringLiteral("height"), context.GetHeight()},
+                     {QStringLiteral("widthFactor"), context.GetWidthFactor()},
+                     {QStringLiteral("rotation"), context.GetRotate()},
+                     {QStringLiteral("slant"), context.GetSlant()},
+                     {QStringLiteral("justify"),
+                      veld::TEXT_3D::GetAlignName(text.GetAlignment()).ToQString()},
+                     {QStringLiteral("x"), text.GetPoint().x},
+                     {QStringLiteral("y"), text.GetPoint().y},
+                     {QStringLiteral("z"), text.GetPoint().z}});
+             }
              c.out.insert(QStringLiteral("texts"), texts);
              return QJsonValue();
          }},
-        {QStringLiteral("ShowDlgOSnap"), onDrawing(&IVELDDlgFactory::ShowDlgOSnap)},
+        {QStringLiteral("ShowDlgOSnap"),
+         [](OperationCall& c) -> QJsonValue {
+             CVELD* cad = c.CAD();
+             if (!cad)
+                 return QJsonValue();
+             c.factory->ShowDlgOSnap(nullptr, *cad);
+             c.out.insert(QStringLiteral("on"), cad->IsOSnapperOn());
+             c.numbers.insert(QStringLiteral("mask"), cad->GetOSnapperMask());
+             return QJsonValue();
+         }},
         {QStringLiteral("ShowDlSnapInsertPnt"),
          [](OperationCall& c) -> QJsonValue {
              ulo::geom::PNT_3D point = pointArgs(c);
@@ -89,7 +118,22 @@ const QMap<QString, Operation>& Operations() {
         {QStringLiteral("ShowDlgGridProp"),
          [](OperationCall& c) -> QJsonValue {
              CVELDView* view = c.View();
-             return view ? QJsonValue(c.factory->ShowDlgGridProp(view)) : QJsonValue();
+             if (!view)
+                 return QJsonValue();
+             const bool ok = c.factory->ShowDlgGridProp(view);
+             const CGrid& grid = GetViewGrid(view);
+             double be = 0, bn = 0, se = 0, sn = 0, angle = 0, ge = 0, gn = 0;
+             grid.GetSnap(be, bn, se, sn, angle);
+             grid.GetGrid(ge, gn);
+             c.out.insert(QStringLiteral("snapOn"), grid.IsSnapActive());
+             c.out.insert(QStringLiteral("gridOn"), grid.IsGridActive());
+             c.out.insert(QStringLiteral("gridBySnap"), grid.IsGridBySnap());
+             const std::pair<const char*, double> numbers[] = {
+                 {"baseEast", be},     {"baseNorth", bn}, {"snapEast", se}, {"snapNorth", sn},
+                 {"snapAngle", angle}, {"gridEast", ge},  {"gridNorth", gn}};
+             for (const auto& [name, value] : numbers)
+                 c.numbers.insert(QLatin1String(name), value);
+             return ok;
          }},
         {QStringLiteral("ShowDlgOptColors"), onDrawing(&IVELDDlgFactory::ShowDlgOptColors)},
         {QStringLiteral("ShowDlgLayer"), onDrawing(&IVELDDlgFactory::ShowDlgLayer)},
@@ -146,7 +190,21 @@ const QMap<QString, Operation>& Operations() {
              return r;
          }},
         {QStringLiteral("ShowDlgOptCursor"), onDrawing(&IVELDDlgFactory::ShowDlgOptCursor)},
-        {QStringLiteral("ShowDlgAngle"), onDrawingBool(&IVELDDlgFactory::ShowDlgAngle)},
+        {QStringLiteral("ShowDlgAngle"),
+         [](OperationCall& c) -> QJsonValue {
+             CVELD* cad = c.CAD();
+             if (!cad)
+                 return QJsonValue();
+             const bool ok = c.factory->ShowDlgAngle(nullptr, *cad);
+             short system = 0;
+             double base = 0;
+             bool clockwise = false;
+             GetAngleSystem(cad, system, base, clockwise);
+             c.numbers.insert(QStringLiteral("system"), system);
+             c.numbers.insert(QStringLiteral("base"), base);
+             c.out.insert(QStringLiteral("clockwise"), clockwise);
+             return ok;
+         }},
         {QStringLiteral("ShowDlgHatch"),
          [](OperationCall& c) -> QJsonValue {
              // A legacy hatch number (-1..67); none chosen by default.

@@ -18,7 +18,8 @@ unsigned CGridSnapCmdExecuted::GetMemSize() {
 }
 
 void CGridSnapCmdExecuted::Swap() {
-    SwapMemento(GetViewGridForEdit(view_), memento_);
+    if (view_)
+        SwapMemento(GetViewGridForEdit(view_), memento_);
 }
 
 }  // namespace veld5

@@ -12,7 +12,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -229,6 +231,36 @@ TEST_F(DemoFixture, LayersDialogEditsShowBehindItAndUndoAsOneStep) {
     EXPECT_EQ(picture(), before);
     action(window, QStringLiteral("Redo"))->trigger();
     EXPECT_TRUE(trees->IsOff());
+}
+
+// The drafting aids from the menu: a typed point moves the cross-hair (and
+// the status bar's coordinates) there; the object snap shows in the status bar.
+TEST_F(DemoFixture, GoToPointAndObjectSnapShowInTheWindow) {
+    QLabel* drafting = window.findChild<QLabel*>(QStringLiteral("drafting"));
+    ASSERT_NE(drafting, nullptr);
+    EXPECT_TRUE(drafting->text().startsWith(QStringLiteral("snap: free drawing")))
+        << drafting->text().toStdString();
+    automation::ScriptedUser user;
+    user.Click(1137).Click(1138).Click(1139).Click(11196);
+    action(window, QStringLiteral("ShowDlgOSnap"))->trigger();
+    EXPECT_TRUE(user.Finished()) << user.Report().toStdString();
+    EXPECT_TRUE(drafting->text().startsWith(QStringLiteral("snap: ")))
+        << drafting->text().toStdString();
+    EXPECT_FALSE(drafting->text().contains(QStringLiteral("free drawing")));
+
+    const QImage before = window.GetView()->grab().toImage();
+    automation::ScriptedUser point;
+    point.Type(11185, QStringLiteral("12,5"))
+        .Type(11186, QStringLiteral("-7.25"))
+        .Type(11188, QStringLiteral("0"))
+        .Click(11196);
+    action(window, QStringLiteral("ShowDlSnapInsertPnt"))->trigger();
+    EXPECT_TRUE(point.Finished()) << point.Report().toStdString();
+    QLabel* pointer = window.findChild<QLabel*>(QStringLiteral("pointer"));
+    ASSERT_NE(pointer, nullptr);
+    EXPECT_EQ(pointer->text(), QStringLiteral("E 12.50  N -7.25"));
+    QApplication::processEvents();
+    EXPECT_NE(window.GetView()->grab().toImage(), before) << "the cross-hair is drawn there";
 }
 
 TEST_F(DemoFixture, SavedDrawingsOpenAgainTheSamePlainAndSealed) {

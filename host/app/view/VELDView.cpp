@@ -137,6 +137,22 @@ void CVELDView::resizeEvent(QResizeEvent*) {
         ZoomExtents();  // keep the whole drawing in sight until the user moves
 }
 
+void CVELDView::MoveCrossHairTo(double east, double north) {
+    if (!std::isfinite(east) || !std::isfinite(north))
+        return;
+    QPointF at = view_.ToScreen(east, north);
+    if (!rect().contains(at.toPoint())) {
+        view_.centre = QPointF(east, north);
+        moved_ = true;
+        pictureValid_ = false;
+        at = view_.ToScreen(east, north);
+    }
+    pointer_ = at;
+    pointerIn_ = true;
+    update();
+    Q_EMIT PointerMoved(east, north);
+}
+
 void CVELDView::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;

@@ -36,6 +36,9 @@ public:
     /// come without a notification (a grid edited in place). Notified changes
     /// redraw by themselves.
     void Redraw();
+    /// Puts the cross-hair on the map point (@p east, @p north), centring the
+    /// view there when the point is out of sight (a typed point).
+    void MoveCrossHairTo(double east, double north);
     /// Where a tap at @p screen lands: the entity it would select, or null.
     veld::CEnt* EntityAt(const QPointF& screen) const;
 

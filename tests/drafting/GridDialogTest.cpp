@@ -1,0 +1,544 @@
+// The grid and snap dialog as the host runs it (ShowDlgGridProp on a view)
+// with a scripted user: what the pages show, the refusals word for word (the
+// grid untouched by a refused value), hostile numbers in every field, Cancel
+// putting the grid back, and OK recording one undo step that undo and redo
+// follow exactly, over random visits.
+#include <gtest/gtest.h>
+
+#include <QJsonArray>
+#include <QLocale>
+#include <QMessageBox>
+#include <clocale>
+#include <cmath>
+#include <functional>
+#include <optional>
+#include <random>
+
+#include "../factory/FactoryFixture.h"
+#include "app/Grid.h"
+#include "app/VELD.h"
+#include "app/view/VELDView.h"
+#include "automation/HostileTexts.h"
+#include "ulo/HelpTopic.h"
+#include "ulo/ctrl/Win.h"
+
+using automation::ScriptedUser;
+
+namespace {
+
+constexpr unsigned kTabs = 11172, kOk = 11196, kCancel = 11197;
+constexpr unsigned kEnableSnap = 11161, kSnapN = 11162, kBaseN = 11163, kSnapE = 11165,
+                   kAngle = 11167, kBaseE = 11169;
+constexpr unsigned kEnableGrid = 11168, kFree = 11164, kFromSnap = 11166, kGridN = 11170,
+                   kGridE = 11171;
+const unsigned kSnapEdits[] = {kSnapE, kSnapN, kAngle, kBaseN, kBaseE};
+const unsigned kGridEdits[] = {kGridN, kGridE};
+
+QString Q(const char* text) {
+    return QString::fromUtf8(text);
+}
+const QString kNumber = Q("Please enter a number.");
+const QString kRange = Q("Please enter a number between 0.0001 and 1e+100.");
+const QString kOutOfRange = Q("The value is out of range");
+
+QJsonObject State(QWidget* w, unsigned id) {
+    QWidget* c = ulo::FindControl(w, id);
+    return c ? ScriptedUser::ControlState(c) : QJsonObject();
+}
+QString Text(QWidget* w, unsigned id) {
+    return State(w, id).value(QStringLiteral("text")).toString();
+}
+bool On(QWidget* w, unsigned id, const char* what) {
+    return State(w, id).value(QString::fromLatin1(what)).toBool();
+}
+
+struct Values {
+    bool snapOn;
+    double baseE, baseN, snapE, snapN, angle;
+    bool gridOn;
+    double gridE, gridN;  // both 0 with the grid on: the grid follows the snap
+};
+void Apply(CGrid& g, const Values& v) {
+    g.SetSnap(v.snapOn, v.baseE, v.baseN, v.snapE, v.snapN, v.angle);
+    if (v.gridOn && v.gridE == 0 && v.gridN == 0)
+        g.SetGridBySnap();
+    else
+        g.SetGrid(v.gridOn, v.gridE, v.gridN);
+}
+Values Read(const CGrid& g) {
+    Values v{};
+    v.snapOn = g.IsSnapActive();
+    v.gridOn = g.IsGridActive();
+    g.GetSnap(v.baseE, v.baseN, v.snapE, v.snapN, v.angle);
+    g.GetGrid(v.gridE, v.gridN);
+    return v;
+}
+std::string Describe(const CGrid& g) {
+    const Values v = Read(g);
+    return QStringLiteral("snap %1 base %2,%3 interval %4,%5 angle %6; grid %7 %8,%9")
+        .arg(v.snapOn)
+        .arg(v.baseE, 0, 'g', 17)
+        .arg(v.baseN, 0, 'g', 17)
+        .arg(v.snapE, 0, 'g', 17)
+        .arg(v.snapN, 0, 'g', 17)
+        .arg(v.angle, 0, 'g', 17)
+        .arg(v.gridOn)
+        .arg(v.gridE, 0, 'g', 17)
+        .arg(v.gridN, 0, 'g', 17)
+        .toStdString();
+}
+bool AllFinite(const CGrid& g) {
+    const Values v = Read(g);
+    for (double d : {v.baseE, v.baseN, v.snapE, v.snapN, v.angle, v.gridE, v.gridN})
+        if (!std::isfinite(d))
+            return false;
+    return std::abs(v.snapE) > 1e-12 && std::abs(v.snapN) > 1e-12;
+}
+
+const Values kSnapOnGridFree{true, 1, 2, 0.5, 0.25, 30, true, 2.5, 3.25};
+
+class GridDialogTest : public FactoryTest {
+protected:
+    bool Show() { return factory->ShowDlgGridProp(&view); }
+    CVELD cad;
+    CVELDView view{&cad};
+    CGrid& grid = GetViewGridForEdit(&view);
+};
+
+// ------------------------------------------------------------------ opening
+
+TEST_F(GridDialogTest, PagesOpenFilledFromTheGrid) {
+    const struct {
+        const char* what;
+        Values grid;
+        QStringList snap;       // interval E, interval N, base E, base N, angle
+        QStringList gridTexts;  // interval N, interval E
+        bool free, fromSnapEnabled, gridEditsEnabled;
+    } rows[] = {
+        {"snap on, grid following it",
+         {true, 1, 2, 0.5, 0.25, 30, true, 0, 0},
+         {Q("0.500"), Q("0.250"), Q("1.000"), Q("2.000"), Q("30.0000")},
+         {Q("0.000"), Q("0.000")},
+         false,
+         true,
+         false},
+        {"snap off, grid on following it",
+         {false, 0, 0, 1, 1, 0, true, 0, 0},
+         {Q("1.000"), Q("1.000"), Q("0.000"), Q("0.000"), Q("0.0000")},
+         {Q("10.000"), Q("10.000")},
+         true,
+         false,
+         true},
+        {"grid of its own",
+         kSnapOnGridFree,
+         {Q("0.500"), Q("0.250"), Q("1.000"), Q("2.000"), Q("30.0000")},
+         {Q("3.250"), Q("2.500")},
+         true,
+         true,
+         true},
+        {"all off, rounded for display",
+         {false, -1234.56789, 0.0004, 7, 8, 12.345678, false, 4, 5},
+         {Q("7.000"), Q("8.000"), Q("-1234.568"), Q("0.000"), Q("12.3457")},
+         {Q("5.000"), Q("4.000")},
+         true,
+         false,
+         false},
+    };
+    for (const auto& r : rows) {
+        Apply(grid, r.grid);
+        const CGrid before = grid;
+        QStringList snap, gridTexts, tabs;
+        bool snapChecked = false, gridChecked = false, free = false, fromSnap = false;
+        bool fromSnapEnabled = false, gridEdits = false, snapEdits = false;
+        QString gridHelp;
+        ScriptedUser user;
+        user.Inspect([&](QWidget* w) {
+                for (unsigned id : {kSnapE, kSnapN, kBaseE, kBaseN, kAngle})
+                    snap << Text(w, id);
+                snapChecked = On(w, kEnableSnap, "checked");
+                snapEdits = On(w, kBaseE, "enabled");
+                for (const QJsonValue& t : State(w, kTabs).value(QStringLiteral("items")).toArray())
+                    tabs << t.toString();
+            })
+            .SwitchTab(kTabs, 1)
+            .Inspect([&](QWidget* w) {
+                gridTexts << Text(w, kGridN) << Text(w, kGridE);
+                gridChecked = On(w, kEnableGrid, "checked");
+                free = On(w, kFree, "checked");
+                fromSnap = On(w, kFromSnap, "checked");
+                fromSnapEnabled = On(w, kFromSnap, "enabled");
+                gridEdits = On(w, kGridE, "enabled") && On(w, kGridN, "enabled");
+                gridHelp = ulo::GetHelpTopic().ToQString();
+            })
+            .Click(kCancel);
+        EXPECT_FALSE(Show()) << r.what;
+        ExpectFinished(user);
+        EXPECT_EQ(snap, r.snap) << r.what;
+        EXPECT_EQ(gridTexts, r.gridTexts) << r.what;
+        EXPECT_EQ(snapChecked, r.grid.snapOn) << r.what;
+        EXPECT_EQ(snapEdits, r.grid.snapOn) << r.what;
+        EXPECT_EQ(gridChecked, r.grid.gridOn) << r.what;
+        EXPECT_EQ(free, r.free) << r.what;
+        EXPECT_EQ(fromSnap, !r.free) << r.what;
+        EXPECT_EQ(fromSnapEnabled, r.fromSnapEnabled) << r.what;
+        EXPECT_EQ(gridEdits, r.gridEditsEnabled) << r.what;
+        EXPECT_EQ(tabs, (QStringList{Q("Snap"), Q("Grid")}));
+        EXPECT_EQ(gridHelp, Q("QuadraCE.htm#Dlg OpzGrid"));
+        ASSERT_EQ(user.Dialogs().size(), 1u);
+        EXPECT_EQ(user.Dialogs()[0].title, Q("Grid & Snap"));
+        EXPECT_EQ(user.Dialogs()[0].templateId, 11020u);
+        EXPECT_EQ(user.Dialogs()[0].help, Q("QuadraCE.htm#Dlg OpzSnap"));
+        EXPECT_TRUE(grid == before) << r.what << ": " << Describe(grid);
+    }
+}
+
+TEST_F(GridDialogTest, WithoutAViewNothingIsShown) {
+    QWidget notAView;
+    ScriptedUser user;
+    EXPECT_FALSE(factory->ShowDlgGridProp(nullptr));
+    EXPECT_FALSE(factory->ShowDlgGridProp(&notAView));
+    EXPECT_TRUE(user.Dialogs().empty());
+}
+
+// Switching off "Enable Snap" and opening the Grid tab: the grid cannot
+// follow a snap that is off, and the snap page has already written the grid.
+TEST_F(GridDialogTest, TheGridPageSeesTheSnapJustSwitchedOff) {
+    Apply(grid, kSnapOnGridFree);
+    bool fromSnapEnabled = true;
+    bool snapOnInGrid = true;
+    ScriptedUser user;
+    user.Click(kEnableSnap)
+        .SwitchTab(kTabs, 1)
+        .Inspect([&](QWidget* w) {
+            fromSnapEnabled = On(w, kFromSnap, "enabled");
+            snapOnInGrid = grid.IsSnapActive();
+        })
+        .Click(kCancel);
+    EXPECT_FALSE(Show());
+    ExpectFinished(user);
+    EXPECT_FALSE(fromSnapEnabled);
+    EXPECT_FALSE(snapOnInGrid);        // edited in place while the dialog is open
+    EXPECT_TRUE(grid.IsSnapActive());  // and put back by Cancel
+}
+
+// ---------------------------------------------------------------- refusals
+
+// A refused value is named word for word, the page stays in front and the
+// grid never sees the value; Cancel then leaves the grid as it was.
+TEST_F(GridDialogTest, RefusalsAreWordForWordAndNeverReachTheGrid) {
+    const Values allOff{false, 0, 0, 1, 1, 0, false, 0, 0};
+    const struct {
+        const char* what;
+        Values start;
+        int page;
+        std::function<void(ScriptedUser&)> edit;
+        bool byOk;  // or by the tab switch
+        QString message;
+    } rows[] = {
+        {"zero snap interval", kSnapOnGridFree, 0,
+         [](ScriptedUser& u) { u.SetText(kSnapE, Q("0")); }, false, kRange},
+        {"negative snap interval", kSnapOnGridFree, 0,
+         [](ScriptedUser& u) { u.SetText(kSnapN, Q("-2")); }, true, kRange},
+        {"snap interval under 0.0001", kSnapOnGridFree, 0,
+         [](ScriptedUser& u) { u.SetText(kSnapE, Q("0.00009")); }, false, kRange},
+        {"snap interval over 1e100", kSnapOnGridFree, 0,
+         [](ScriptedUser& u) { u.SetText(kSnapN, Q("1e101")); }, true, kRange},
+        {"snap interval beyond a double", kSnapOnGridFree, 0,
+         [](ScriptedUser& u) { u.SetText(kSnapE, Q("1e309")); }, false, kRange},
+        {"angle not a number", kSnapOnGridFree, 0,
+         [](ScriptedUser& u) { u.SetText(kAngle, Q("abc")); }, true, kNumber},
+        {"empty base", kSnapOnGridFree, 0, [](ScriptedUser& u) { u.Clear(kBaseE); }, false,
+         kNumber},
+        {"base beyond a double", kSnapOnGridFree, 0,
+         [](ScriptedUser& u) { u.SetText(kBaseN, Q("1e309")); }, true, kOutOfRange},
+        {"text typed, then the snap switched off", kSnapOnGridFree, 0,
+         [](ScriptedUser& u) { u.SetText(kBaseE, Q("12x")).Click(kEnableSnap); }, true, kNumber},
+        {"zero grid interval", kSnapOnGridFree, 1,
+         [](ScriptedUser& u) { u.SetText(kGridE, Q("0")); }, true, kRange},
+        {"grid interval not a number", kSnapOnGridFree, 1,
+         [](ScriptedUser& u) { u.SetText(kGridN, Q("x")); }, false, kNumber},
+        {"grid switched on with intervals 0", allOff, 1,
+         [](ScriptedUser& u) { u.Click(kEnableGrid); }, true, kRange},
+    };
+    for (const auto& r : rows) {
+        Apply(grid, r.start);
+        const CGrid before = grid;
+        int tabAfter = -1;
+        bool untouched = false;
+        ScriptedUser user;
+        if (r.page == 1)
+            user.SwitchTab(kTabs, 1);
+        r.edit(user);
+        if (r.byOk)
+            user.Click(kOk);
+        else
+            user.SwitchTab(kTabs, 1 - r.page);
+        user.Answer(ulo::IDOK)
+            .Inspect([&](QWidget* w) {
+                tabAfter = State(w, kTabs).value(QStringLiteral("selected")).toInt();
+                untouched = grid == before;
+            })
+            .Click(kCancel);
+        EXPECT_FALSE(Show()) << r.what;
+        ExpectFinished(user);
+        ASSERT_EQ(user.Messages().size(), 1u) << r.what;
+        EXPECT_EQ(user.Messages()[0].text, r.message) << r.what;
+        EXPECT_EQ(user.Messages()[0].caption, Q("Warning")) << r.what;
+        EXPECT_EQ(tabAfter, r.page) << r.what;
+        EXPECT_TRUE(untouched) << r.what;
+        EXPECT_TRUE(grid == before) << r.what << ": " << Describe(grid);
+        EXPECT_FALSE(cad.CanUndo()) << r.what;
+    }
+}
+
+// ---------------------------------------------------------- hostile numbers
+
+struct Field {
+    unsigned id;
+    int page;
+    bool interval;
+    double Values::*value;
+};
+const Field kFields[] = {
+    {kSnapE, 0, true, &Values::snapE},  {kSnapN, 0, true, &Values::snapN},
+    {kBaseE, 0, false, &Values::baseE}, {kBaseN, 0, false, &Values::baseN},
+    {kAngle, 0, false, &Values::angle}, {kGridE, 1, true, &Values::gridE},
+    {kGridN, 1, true, &Values::gridN},
+};
+
+// Typed into a field and confirmed: the described conversion or a refusal
+// that leaves the grid as it was.
+TEST_F(GridDialogTest, HostileNumbersInEveryField) {
+    const std::optional<double> no;
+    const struct {
+        QString text;
+        std::optional<double> plain, interval;  // accepted value, or refused
+    } rows[] = {
+        {Q(""), no, no},
+        {Q("   "), no, no},
+        {Q("1e309"), no, no},
+        {Q("-1e309"), no, no},
+        {Q("-0"), -0.0, no},
+        {Q("nan"), no, no},
+        {Q("inf"), no, no},
+        {Q("1,5"), 1.5, 1.5},
+        {Q("12abc"), no, no},
+        {Q("1e-400"), 0.0, no},
+        {Q(" 2.5 "), 2.5, 2.5},
+        {Q("0x10"), no, no},
+        {QString(10000, u'9'), no, no},
+        {Q("text"), no, no},
+        {Q("1e100"), 1e100, 1e100},
+        {Q("0.0001"), 0.0001, 0.0001},
+        {Q("-7.125"), -7.125, no},
+    };
+    for (const Field& f : kFields) {
+        for (const auto& r : rows) {
+            Apply(grid, kSnapOnGridFree);
+            const CGrid before = grid;
+            const std::optional<double> expected = f.interval ? r.interval : r.plain;
+            ScriptedUser user;
+            if (f.page == 1)
+                user.SwitchTab(kTabs, 1);
+            user.SetText(f.id, r.text).Click(kOk);
+            if (!expected)
+                user.Answer(ulo::IDOK).Click(kCancel);
+            const std::string what =
+                std::to_string(f.id) + " " + automation::Printable(r.text).left(40).toStdString();
+            EXPECT_EQ(Show(), expected.has_value()) << what;
+            ExpectFinished(user);
+            EXPECT_TRUE(AllFinite(grid)) << what;
+            if (expected) {
+                EXPECT_EQ(Read(grid).*f.value, *expected) << what;
+            } else {
+                EXPECT_TRUE(grid == before) << what << ": " << Describe(grid);
+            }
+        }
+    }
+}
+
+// ------------------------------------------------------ Cancel, OK and undo
+
+// Whichever way the visit is cancelled, after edits on both pages that
+// reached the grid in place, the grid is back exactly and nothing is recorded.
+TEST_F(GridDialogTest, CancelPutsTheGridBackExactly) {
+    const struct {
+        const char* what;
+        std::function<void(ScriptedUser&)> cancel;
+    } rows[] = {
+        {"Cancel", [](ScriptedUser& u) { u.Click(kCancel); }},
+        {"Escape in a field", [](ScriptedUser& u) { u.Key(kGridE, Qt::Key_Escape); }},
+        {"close box", [](ScriptedUser& u) { u.Close(); }},
+    };
+    for (const auto& r : rows) {
+        Apply(grid, {true, 1.0 / 3, -2e-7, 0.1, 0.2, 1e-9, true, 0.3, 0.7});
+        const CGrid before = grid;
+        bool editedInPlace = false;
+        ScriptedUser user;
+        user.SetText(kSnapE, Q("4.5"))
+            .SetText(kAngle, Q("-90"))
+            .SwitchTab(kTabs, 1)
+            .Inspect([&](QWidget*) { editedInPlace = !(grid == before); })
+            .SetText(kGridE, Q("6"))
+            .SwitchTab(kTabs, 0)
+            .Click(kEnableSnap)
+            .SwitchTab(kTabs, 1);
+        r.cancel(user);
+        EXPECT_FALSE(Show()) << r.what;
+        ExpectFinished(user);
+        EXPECT_TRUE(editedInPlace) << r.what;
+        EXPECT_TRUE(grid == before) << r.what << ": " << Describe(grid);
+        EXPECT_FALSE(cad.CanUndo()) << r.what;
+    }
+}
+
+// Confirmed untouched, even with values the fields show rounded: true, the
+// grid exactly as it was and no undo step.
+TEST_F(GridDialogTest, ConfirmedUntouchedChangesNothing) {
+    const Values rows[] = {
+        kSnapOnGridFree,
+        {true, 1.23456789, -9.87654321e5, 0.12345, 1e100, 359.99999, true, 0, 0},
+        {false, 0, 0, 1e-5, -3, 0, false, 0, 0},
+        {true, 0, 0, 0.0004, 0.0004, 0, false, 1e-5, 0.00049},
+    };
+    for (const Values& v : rows) {
+        Apply(grid, v);
+        const CGrid before = grid;
+        ScriptedUser user;
+        user.SwitchTab(kTabs, 1).SwitchTab(kTabs, 0).Click(kOk);
+        EXPECT_TRUE(Show()) << Describe(before);
+        ExpectFinished(user);
+        EXPECT_TRUE(grid == before) << Describe(before) << " became " << Describe(grid);
+        EXPECT_FALSE(cad.CanUndo()) << Describe(before);
+    }
+}
+
+// "Enable Grid" cleared with "From snap" selected switches the grid off; it
+// still follows the snap and opens so again. Undo switches it back on.
+TEST_F(GridDialogTest, EnableGridClearedSwitchesOffAGridFollowingTheSnap) {
+    Apply(grid, {true, 0, 0, 2, 2, 0, true, 0, 0});
+    const CGrid before = grid;
+    ScriptedUser user;
+    user.SwitchTab(kTabs, 1).Click(kEnableGrid).Click(kOk);
+    EXPECT_TRUE(Show());
+    ExpectFinished(user);
+    EXPECT_FALSE(grid.IsGridActive());
+    EXPECT_TRUE(grid.IsGridBySnap());
+    bool fromSnap = false, enabled = true;
+    ScriptedUser again;
+    again.SwitchTab(kTabs, 1)
+        .Inspect([&](QWidget* w) {
+            fromSnap = On(w, kFromSnap, "checked");
+            enabled = On(w, kEnableGrid, "checked");
+        })
+        .Click(kCancel);
+    EXPECT_FALSE(Show());
+    ExpectFinished(again);
+    EXPECT_TRUE(fromSnap);
+    EXPECT_FALSE(enabled);
+    ASSERT_TRUE(cad.Undo());
+    EXPECT_TRUE(grid == before) << Describe(grid);
+}
+
+/// A user who decides as the visit goes: random tab switches, check boxes,
+/// radio buttons and numbers (some refused) on whatever is enabled, then OK;
+/// a refused OK is answered and the page's fields made valid.
+class RandomUser {
+public:
+    RandomUser(ScriptedUser& user, unsigned seed) : user_(user), rng_(seed) {
+        actions_ = std::uniform_int_distribution<int>(3, 14)(rng_);
+        user_.whenIdle = [this](QWidget* w) { Next(w); };
+    }
+
+private:
+    int Roll(int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng_); }
+    QString Number() {
+        static const char* const refused[] = {"0", "-1", "abc", "1e309", ""};
+        if (Roll(6) == 0)
+            return Q(refused[Roll(5)]);
+        const double v = std::uniform_real_distribution<double>(-500, 500)(rng_);
+        return QString::number(Roll(2) ? std::abs(v) + 0.001 : v, 'f', Roll(8));
+    }
+    void Next(QWidget* w) {
+        if (qobject_cast<QMessageBox*>(w)) {
+            user_.Answer(ulo::IDOK);
+            return;
+        }
+        const int page = State(w, kTabs).value(QStringLiteral("selected")).toInt();
+        const unsigned enable = page == 0 ? kEnableSnap : kEnableGrid;
+        if (finishing_) {
+            // The OK was refused: make the page's fields acceptable.
+            if (!On(w, enable, "checked"))
+                user_.Click(enable);
+            if (page == 1 && !On(w, kFree, "checked"))
+                user_.Click(kFree);
+            for (unsigned id :
+                 page == 0 ? std::vector<unsigned>(std::begin(kSnapEdits), std::end(kSnapEdits))
+                           : std::vector<unsigned>(std::begin(kGridEdits), std::end(kGridEdits)))
+                user_.SetText(id, Q("1.5"));
+            user_.Click(kOk);
+            return;
+        }
+        if (actions_-- <= 0) {
+            finishing_ = true;
+            user_.Click(kOk);
+            return;
+        }
+        std::vector<unsigned> usable{enable};
+        for (unsigned id : page == 0
+                               ? std::vector<unsigned>(std::begin(kSnapEdits), std::end(kSnapEdits))
+                               : std::vector<unsigned>{kGridN, kGridE, kFree, kFromSnap})
+            if (On(w, id, "enabled"))
+                usable.push_back(id);
+        const int choice = Roll(static_cast<int>(usable.size()) + 1);
+        if (choice == static_cast<int>(usable.size()))
+            user_.SwitchTab(kTabs, 1 - page);
+        else if (const unsigned id = usable[choice]; id == enable || id == kFree || id == kFromSnap)
+            user_.Click(id);
+        else
+            user_.SetText(id, Number());
+    }
+
+    ScriptedUser& user_;
+    std::mt19937 rng_;
+    int actions_;
+    bool finishing_ = false;
+};
+
+// After OK: one undo step exactly when the grid changed; undo gives the grid
+// at opening, redo the confirmed one, each time, over random visits.
+TEST_F(GridDialogTest, OkUndoRedoFollowTheVisitExactly) {
+    int changed = 0;
+    for (unsigned seed = 1; seed <= 36; ++seed) {
+        std::mt19937 rng(seed * 7919u);
+        auto roll = [&](double lo, double hi) {
+            return std::uniform_real_distribution<double>(lo, hi)(rng);
+        };
+        const int kind = static_cast<int>(seed % 4);  // grid free, following, off
+        Apply(grid, {seed % 3 != 0, roll(-1e3, 1e3), roll(-1e3, 1e3), roll(0.1, 50), roll(0.1, 50),
+                     roll(0, 360), kind != 3, kind == 1 ? 0 : roll(0.5, 20),
+                     kind == 1 ? 0 : roll(0.5, 20)});
+        const CGrid opened = grid;
+        const std::size_t steps = cad.GetUndoList().GetCount();
+        ScriptedUser user;
+        RandomUser random(user, seed);
+        EXPECT_TRUE(Show()) << "seed " << seed;
+        ExpectFinished(user);
+        const CGrid confirmed = grid;
+        EXPECT_TRUE(AllFinite(confirmed)) << "seed " << seed << ": " << Describe(confirmed);
+        const bool differs = !(confirmed == opened);
+        changed += differs;
+        ASSERT_EQ(cad.GetUndoList().GetCount(), steps + (differs ? 1 : 0)) << "seed " << seed;
+        if (!differs)
+            continue;
+        for (int i = 0; i < 4; ++i) {
+            ASSERT_TRUE(i % 2 == 0 ? cad.Undo() : cad.Redo()) << "seed " << seed;
+            const CGrid& expected = i % 2 == 0 ? opened : confirmed;
+            EXPECT_TRUE(grid == expected) << "seed " << seed << " step " << i << ": "
+                                          << Describe(grid) << " instead of " << Describe(expected);
+        }
+    }
+    EXPECT_GT(changed, 20);  // the visits did change the grid
+}
+
+}  // namespace
