@@ -189,19 +189,6 @@ TEST_F(OSnapDialogTest, SnapWithoutATypeIsRefusedAndTheDialogStaysOpen) {
     }
 }
 
-TEST_F(OSnapDialogTest, RefusedSnapThenCancelledLeavesTheStoredState) {
-    cad.SetOSnapper(true, 0x1);
-    const std::size_t before = OSnapNotifications();
-    ScriptedUser user;
-    user.Click(kEnd).Click(kOk).Answer(ulo::IDOK).Click(kCancel);
-    factory->ShowDlgOSnap(nullptr, cad);
-    ExpectFinished(user);
-    EXPECT_EQ(user.Messages().size(), 1u);
-    EXPECT_TRUE(cad.IsOSnapperOn());
-    EXPECT_EQ(cad.GetOSnapperMask(), 0x1u);
-    EXPECT_EQ(OSnapNotifications(), before);
-}
-
 // ------------------------------------------------------------------ Cancel
 
 TEST_F(OSnapDialogTest, CancelWritesNothingWhateverWasClicked) {
