@@ -172,38 +172,6 @@ TEST_F(AngleDialogTest, CancelKeepsTheSystemButStopsAndDeselects) {
     }
 }
 
-TEST_F(AngleDialogTest, OpensFromItsTemplateWithItsLabelsAndHelpTopic) {
-    for (int layout = 0; layout < 4; ++layout) {
-        SCOPED_TRACE(layout);
-        CPalmDevice::SetLayoutOverride(layout);
-        ScriptedUser user;
-        QString title, degrees, gons;
-        int okText = -1, okBack = -1;
-        user.Inspect([&](QWidget* w) {
-            auto* d = static_cast<CWSizeDialog*>(w);
-            title = w->windowTitle();
-            degrees = d->GetDlgItemText(kDegrees);
-            gons = d->GetDlgItemText(kGons);
-            auto* ok = d->GetDlgItem<CColButton>(kOk);
-            okText = ok->GetTextScheme();
-            okBack = ok->GetBackScheme();
-        });
-        user.Click(kCancel);
-        factory->ShowDlgAngle(nullptr, cad);
-        ExpectFinished(user);
-        EXPECT_EQ(title, QStringLiteral("Angle system"));
-        EXPECT_EQ(degrees,
-                  QString::fromUtf8("Degrees ( 360\u00b0 )\nOrigin at East - Counterclockwise"));
-        EXPECT_EQ(gons, QString::fromUtf8("Gons ( 400\u00b0 )\nOrigin at North - Clockwise"));
-        EXPECT_EQ(okText, 0);
-        EXPECT_EQ(okBack, 2);
-        ASSERT_EQ(user.Dialogs().size(), 1u);
-        EXPECT_EQ(user.Dialogs()[0].templateId, 11040u);
-        EXPECT_EQ(user.Dialogs()[0].layout, layout);
-        EXPECT_EQ(user.Dialogs()[0].help, QStringLiteral("QuadraCE.htm#Dlg AngleSystem"));
-    }
-}
-
 TEST_F(AngleDialogTest, HelpCommandChangesNothingAndLeavesTheDialogOpen) {
     int hostHelp = 0;
     ulo::SetHelpCommandHandler([&](QWidget*) { ++hostHelp; });
