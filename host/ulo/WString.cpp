@@ -1,6 +1,7 @@
 #include "WString.h"
 
-#include <cwctype>
+#include <QChar>
+#include <algorithm>
 
 #include "NumberText.h"
 
@@ -11,6 +12,15 @@ bool isBlank(wchar_t c) {
     return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n';
 }
 }  // namespace
+
+wchar_t FoldCase(wchar_t c) {
+    if (c >= 0 && c < 0x80)
+        return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + (L'a' - L'A')) : c;
+    if constexpr (sizeof(wchar_t) >= 4)
+        return static_cast<wchar_t>(QChar::toCaseFolded(static_cast<char32_t>(c)));
+    else
+        return static_cast<wchar_t>(QChar::toCaseFolded(static_cast<char16_t>(c)));
+}
 
 WString& WString::Trim() {
     std::size_t b = 0;
@@ -31,8 +41,8 @@ int WString::Compare(const WString& other) const {
 int WString::CompareIgnoreCase(const WString& other) const {
     const std::size_t n = std::min(s_.size(), other.s_.size());
     for (std::size_t i = 0; i < n; ++i) {
-        const auto a = std::towupper(static_cast<std::wint_t>(s_[i]));
-        const auto b = std::towupper(static_cast<std::wint_t>(other.s_[i]));
+        const auto a = static_cast<char32_t>(FoldCase(s_[i]));
+        const auto b = static_cast<char32_t>(FoldCase(other.s_[i]));
         if (a != b)
             return a < b ? -1 : 1;
     }

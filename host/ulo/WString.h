@@ -10,6 +10,12 @@
 
 namespace ulo {
 
+/// @p c as names compare ignoring case: Unicode simple case folding, the
+/// same in every locale (the process locale never changes which names are
+/// the same). "À" and "à", "ſ" and "s", "Ａ" and "ａ" fold alike; "ı" and "I"
+/// do not.
+wchar_t FoldCase(wchar_t c);
+
 class WString {
 public:
     WString() = default;
@@ -46,6 +52,8 @@ public:
 
     /// Three-way comparison: negative, 0 or positive.
     int Compare(const WString& other) const;
+    /// The same on the folded characters (FoldCase), then code point order,
+    /// a prefix first.
     int CompareIgnoreCase(const WString& other) const;
 
     /// Resizes to @p length characters and returns the buffer, which holds

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <atomic>
 #include <cassert>
-#include <cwctype>
 
 #include "Data.h"
 
@@ -11,15 +10,11 @@ namespace veld {
 
 namespace {
 
-wchar_t fold(wchar_t c) {
-    return static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(c)));
-}
-
 /// @p name with every character as WString::CompareIgnoreCase compares it:
 /// two names match ignoring case exactly when their keys are equal.
 std::wstring folded(const ulo::WString& name) {
     std::wstring key = name.str();
-    std::transform(key.begin(), key.end(), key.begin(), fold);
+    std::transform(key.begin(), key.end(), key.begin(), ulo::FoldCase);
     return key;
 }
 
@@ -103,7 +98,7 @@ ITableItem* CTableImp::FindItem(const ulo::WString& name) const {
     std::wstring longKey;
     std::wstring_view key;
     if (text.size() <= std::size(buffer)) {
-        std::transform(text.begin(), text.end(), buffer, fold);
+        std::transform(text.begin(), text.end(), buffer, ulo::FoldCase);
         key = std::wstring_view(buffer, text.size());
     } else {
         longKey = folded(name);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cwctype>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -12,10 +11,9 @@
 
 namespace {
 
-/// Texts folded to upper case once per sort and packed in one buffer, so
-/// that comparing two rows costs neither an allocation nor a case mapping.
-/// Folding and ordering are those of ulo::WString::CompareIgnoreCase:
-/// std::towupper on each character, then code point order, a prefix first.
+/// Texts folded once per sort and packed in one buffer, so that comparing
+/// two rows costs neither an allocation nor a case mapping. Folding and
+/// ordering are those of ulo::WString::CompareIgnoreCase.
 class FoldedTexts {
 public:
     /// Room for @p count texts of @p chars characters in all.
@@ -23,17 +21,11 @@ public:
         starts_.reserve(count + 1);
         starts_.push_back(0);
         chars_.reserve(chars);
-        // Names are mostly ASCII: its folding, asked of the locale once,
-        // spares a library call per character.
-        for (std::size_t c = 0; c < std::size(ascii_); ++c)
-            ascii_[c] = Fold(static_cast<wchar_t>(c));
     }
 
     void Add(std::wstring_view text) {
         for (const wchar_t c : text)
-            chars_.push_back(c >= 0 && static_cast<std::size_t>(c) < std::size(ascii_)
-                                 ? ascii_[static_cast<std::size_t>(c)]
-                                 : Fold(c));
+            chars_.push_back(static_cast<char32_t>(ulo::FoldCase(c)));
         starts_.push_back(chars_.size());
     }
     std::u32string_view operator[](std::size_t i) const {
@@ -41,13 +33,8 @@ public:
     }
 
 private:
-    static char32_t Fold(wchar_t c) {
-        return static_cast<char32_t>(std::towupper(static_cast<std::wint_t>(c)));
-    }
-
     std::u32string chars_;
     std::vector<std::size_t> starts_;
-    char32_t ascii_[128];
 };
 
 /// Asks for the memory at @p p before it is read.

@@ -2,9 +2,11 @@
 // collections, colours and legacy hatch types.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <functional>
 #include <memory>
 #include <set>
+#include <string>
 
 #include "veld/Colors.h"
 #include "veld/Data.h"
@@ -109,6 +111,43 @@ TEST(Tables, AddRemoveFindAndFreshNames) {
     EXPECT_EQ(a->GetReferenceCount(), 1u);
     EXPECT_EQ(layers.Find(L"layer1"), nullptr);
     a->SubReference();
+}
+
+// A drawing saved under one locale must open under every other: whether two
+// names are the same may not depend on the process locale.
+TEST(Tables, NamesMatchIgnoringCaseAlikeInEveryLocale) {
+    struct {
+        const wchar_t *a, *b;
+        bool same;
+    } const rows[] = {
+        {L"città", L"CITTÀ", true},
+        {L"ſ", L"S", true},
+        {L"ａ", L"Ａ", true},
+        {L"ΣΟΦΊΑ", L"σοφία", true},
+        {L"ς", L"Σ", true},
+        {L"ı", L"I", false},
+        {L"straße", L"STRASSE", false},
+        {L"Ärzte_1", L"ärzte_1", true},
+        {L"A", L"À", false},
+    };
+    const std::string before = std::setlocale(LC_ALL, nullptr);
+    for (const char* locale : {"C", "C.UTF-8", "it_IT.UTF-8"}) {
+        if (!std::setlocale(LC_ALL, locale))
+            continue;  // not on this machine; the others still run
+        for (const auto& r : rows) {
+            const std::string where = std::string(locale) + " " +
+                                      ulo::WString(r.a).ToQString().toStdString() + " / " +
+                                      ulo::WString(r.b).ToQString().toStdString();
+            EXPECT_EQ(ulo::WString(r.a).CompareIgnoreCase(r.b) == 0, r.same) << where;
+            CData data;
+            ITableItem* layer = someLayer(data);
+            layer->SetName(r.a);
+            data.GetLayerTable().Add(layer);
+            EXPECT_EQ(data.GetLayerTable().Find(r.b) == layer, r.same) << where;
+            layer->SubReference();
+        }
+    }
+    std::setlocale(LC_ALL, before.c_str());
 }
 
 TEST(Tables, FindFollowsRenamesUndoAndNamesTakenTwice) {
