@@ -11,16 +11,26 @@
 #include <QJsonObject>
 #include <QSaveFile>
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <map>
 #include <memory>
+#include <new>
 #include <set>
+
+#if defined(Q_OS_UNIX)
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 #include "JsonScan.h"
 #include "MouseCursorInfo.h"
 #include "VELD.h"
 #include "veld/SealedFile.h"
+#include "veld/StoredRange.h"
 
 namespace drawingfile {
 
@@ -156,12 +166,28 @@ QJsonObject writeGrid(const CGrid& g) {
                        {"snapAngle", angle}};
 }
 
+/// @p image with the bits past its last pixel in each row cleared. A row of a
+/// one-bit picture ends inside a byte, and the PNG encoder writes that whole
+/// byte: the rest of it holds whatever the memory held before.
+QImage withClearPadding(const QImage& image) {
+    const int spare = image.depth() == 1 ? (8 - image.width() % 8) % 8 : 0;
+    if (spare == 0)
+        return image;
+    QImage clean = image.copy();
+    const int last = image.width() / 8;
+    const auto keep = static_cast<uchar>(
+        clean.format() == QImage::Format_MonoLSB ? 0xFF >> spare : (0xFF << spare) & 0xFF);
+    for (int y = 0; y < clean.height(); ++y)
+        clean.scanLine(y)[last] &= keep;
+    return clean;
+}
+
 QJsonObject writeImage(const CVELDImage& image) {
     QByteArray png;
     if (image.GetImage() && !image.GetImage()->GetQImage().isNull()) {
         QBuffer buffer(&png);
         buffer.open(QIODevice::WriteOnly);
-        image.GetImage()->GetQImage().save(&buffer, "PNG");
+        withClearPadding(image.GetImage()->GetQImage()).save(&buffer, "PNG");
     }
     // An image placed without its picture writes null: an empty text is what
     // a damaged file shows, and the reader refuses it.
@@ -267,13 +293,12 @@ public:
         const std::string_view k(key);
         const char* found = nullptr;
         if (members_ <= kMembers) {
-            // A key given twice counts once, with its last value.
-            for (int i = members_ - 1; i >= 0 && !found; --i)
+            for (int i = 0; i < members_ && !found; ++i)
                 if (jsonscan::Equals(member_[i].key, k))
                     found = member_[i].value;
         } else {
             jsonscan::Members m(v_);
-            for (const char *name, *value; m.Next(name, value);)
+            for (const char *name, *value; !found && m.Next(name, value);)
                 if (jsonscan::Equals(name, k))
                     found = value;
         }
@@ -305,16 +330,20 @@ public:
     }
     bool IsObject() const { return jsonscan::KindOf(v_) == jsonscan::Kind::Object; }
     bool IsNull() const { return jsonscan::KindOf(v_) == jsonscan::Kind::Null; }
-    double Number(double lo = -1e100, double hi = 1e100) const {
+    /// The number, which must lie in @p range (veld/StoredRange.h).
+    double Number(veld::StoredRange range) const {
         if (jsonscan::KindOf(v_) != jsonscan::Kind::Number)
             Fail("expected a number");
         const double d = jsonscan::ToNumber(v_);
-        if (!std::isfinite(d) || d < lo || d > hi)
-            Fail(QStringLiteral("%1 is out of range (%2 to %3)").arg(d).arg(lo).arg(hi));
+        if (!range.Holds(d))
+            Fail(QStringLiteral("%1 is out of range (%2 to %3)")
+                     .arg(d, 0, 'g', 17)
+                     .arg(range.lo, 0, 'g', 17)
+                     .arg(range.hi, 0, 'g', 17));
         return d;
     }
     qint64 Whole(qint64 lo, qint64 hi) const {
-        const double d = Number(static_cast<double>(lo), static_cast<double>(hi));
+        const double d = Number({static_cast<double>(lo), static_cast<double>(hi)});
         if (d != std::floor(d))
             Fail(QStringLiteral("expected a whole number, found %1").arg(d));
         return static_cast<qint64>(d);
@@ -361,10 +390,10 @@ public:
         const unsigned rgb = s.mid(1).toUInt(nullptr, 16);
         return GColor(((rgb & 0xFF) << 16) | (rgb & 0xFF00) | ((rgb >> 16) & 0xFF));
     }
-    ulo::geom::PNT_3D Point() const {
+    ulo::geom::PNT_3D Point(veld::StoredRange range = veld::stored::kCoordinate) const {
         if (Size() != 3)
             Fail("expected a point [x, y, z]");
-        return {At(0).Number(), At(1).Number(), At(2).Number()};
+        return {At(0).Number(range), At(1).Number(range), At(2).Number(range)};
     }
     [[noreturn]] void Fail(const QString& what) const { throw Refusal{Where(), what}; }
 
@@ -381,15 +410,28 @@ private:
         return up.isEmpty() ? QString::fromLatin1(key_) : up + '.' + key_;
     }
     /// Notes where the members of an object stand, once: an entity is asked
-    /// for each of its members in turn.
+    /// for each of its members in turn. A key given twice is refused: which
+    /// of its values the writer meant is anybody's guess.
     void IndexMembers() const {
         if (members_ >= 0)
             return;
         members_ = 0;
+        std::set<QString> many;  // keys of objects too large to note
         jsonscan::Members m(v_);
-        for (const char *name, *value; m.Next(name, value) && members_ <= kMembers;) {
-            if (members_ < kMembers)
+        for (const char *name, *value; m.Next(name, value);) {
+            bool twice = false;
+            if (members_ < kMembers) {
+                for (int i = 0; i < members_ && !twice; ++i)
+                    twice = jsonscan::SameString(member_[i].key, name);
                 member_[members_] = {name, value};
+            } else {
+                if (members_ == kMembers)
+                    for (const Member& known : member_)
+                        many.insert(jsonscan::ToString(known.key));
+                twice = !many.insert(jsonscan::ToString(name)).second;
+            }
+            if (twice)
+                Fail(QStringLiteral("the key \"%1\" appears twice").arg(jsonscan::ToString(name)));
             ++members_;
         }
     }
@@ -515,10 +557,10 @@ struct StyleEntry {
         return data.GetObjectFactory()->CreateStyle(name, font, 0, 1, 0, 0, 0, 0);
     }
     void Finish(veld::CStyle& style, const In& s) const {
-        style.SetFixedHeight(s["fixedHeight"].Number(0, 1e100));
-        style.SetLastHeight(s["lastHeight"].Number(0, 1e100));
-        style.SetWidthScale(s["widthScale"].Number(1e-9, 1e100));
-        style.SetOblique(s["oblique"].Number(-M_PI, M_PI));
+        style.SetFixedHeight(s["fixedHeight"].Number(veld::stored::kLength));
+        style.SetLastHeight(s["lastHeight"].Number(veld::stored::kLength));
+        style.SetWidthScale(s["widthScale"].Number(veld::stored::kWidthFactor));
+        style.SetOblique(s["oblique"].Number(veld::stored::kOblique));
         style.SetBold(s["bold"].Bool());
         style.SetItalic(s["italic"].Bool());
         style.SetHoriz(s["horizontal"].Bool());
@@ -535,13 +577,15 @@ struct LtypeEntry {
         for (qsizetype j = 0; j < elements.Size(); ++j) {
             const In e = elements.At(j);
             if (!e.IsObject()) {
-                entry.seq.AddDashDouble(e.Number());
+                entry.seq.AddDashDouble(e.Number(veld::stored::kFinite));
                 continue;
             }
+            // Texts inside line types keep what a line type library gave them.
+            constexpr veld::StoredRange any = veld::stored::kFinite;
             entry.seq.AddDashText(veld::TEXT_3D(
-                w(e["text"].Text()), findStyle(data, e["style"]), e["height"].Number(),
-                e["slant"].Number(), e["width"].Number(), e["rotation"].Number(), e["at"].Point(),
-                static_cast<unsigned short>(e["align"].Whole(0, 11)), 0));
+                w(e["text"].Text()), findStyle(data, e["style"]), e["height"].Number(any),
+                e["slant"].Number(any), e["width"].Number(any), e["rotation"].Number(any),
+                e["at"].Point(any), static_cast<unsigned short>(e["align"].Whole(0, 11)), 0));
         }
         entry.desc = t["desc"].Text();
         return entry;
@@ -692,16 +736,19 @@ void readEnts(veld::CData& data, const In& list, const std::vector<veld::CDrawin
                                                                 : "s"));
         ent->SetPoints(std::move(points));
         if (kind == veld::EntKind::Circle)
-            ent->SetRadius(e["radius"].Number(0, 1e100));
+            ent->SetRadius(e["radius"].Number(veld::stored::kLength));
         if (kind == veld::EntKind::Polyline)
             ent->SetClosed(e["closed"].Bool());
         if (kind == veld::EntKind::Text) {
             const In t = e["text"];
             auto* text = static_cast<veld::CEntText*>(ent.get());
-            text->SetText(veld::TEXT_3D(
-                w(t["string"].Text()), findStyle(data, t["style"]), t["height"].Number(0, 1e100),
-                t["slant"].Number(), t["width"].Number(1e-9, 1e100), t["rotation"].Number(),
-                ent->GetPoints().front(), static_cast<unsigned short>(t["align"].Whole(0, 11)), 0));
+            text->SetText(veld::TEXT_3D(w(t["string"].Text()), findStyle(data, t["style"]),
+                                        t["height"].Number(veld::stored::kLength),
+                                        t["slant"].Number(veld::stored::kTextAngle),
+                                        t["width"].Number(veld::stored::kWidthFactor),
+                                        t["rotation"].Number(veld::stored::kTextAngle),
+                                        ent->GetPoints().front(),
+                                        static_cast<unsigned short>(t["align"].Whole(0, 11)), 0));
         }
         data.GetEntTable().Add(ent.get());
         data.ReserveHandle(static_cast<unsigned long>(handle));
@@ -710,12 +757,12 @@ void readEnts(veld::CData& data, const In& list, const std::vector<veld::CDrawin
 
 void readSettings(Parsed& p, const In& s) {
     CVELD::Settings& out = p.settings;
-    out.ltypeScale = s["ltypeScale"].Number(1e-9, 1e100);
+    out.ltypeScale = s["ltypeScale"].Number(veld::stored::kLtypeScale);
     const qint64 system = s["angleSystem"].Whole(0, 3);
     if (system == 1)
         s["angleSystem"].Fail("expected 0 (degrees), 2 (gons) or 3 (radians)");
     out.angleSystem = static_cast<short>(system);
-    out.angleBase = s["angleBase"].Number(-2 * M_PI, 2 * M_PI);
+    out.angleBase = s["angleBase"].Number(veld::stored::kAngleBase);
     out.angleClockwise = s["angleClockwise"].Bool();
     out.crossDim = static_cast<long>(s["crossDim"].Whole(0, 10000));
     out.deltaPick = static_cast<long>(s["deltaPick"].Whole(0, 10000));
@@ -735,6 +782,9 @@ void readCurrent(Parsed& p, const In& c) {
         c["layer"].Fail(
             QStringLiteral("the layer \"%1\" cannot be current").arg(c["layer"].Text()));
     p.curLtype = findLtype(data, c["ltype"]);
+    if (!p.curLtype->CanBeCurrent())
+        c["ltype"].Fail(
+            QStringLiteral("the line type \"%1\" cannot be current").arg(c["ltype"].Text()));
     p.curStyle = findStyle(data, c["style"]);
 }
 
@@ -751,17 +801,19 @@ void readViews(Parsed& p, const In& list, int have) {
         const In g = v["grid"];
         Parsed::View view;
         view.preset = static_cast<int>(v["preset"].Whole(1, 10));
-        view.grid.SetSnap(g["snapOn"].Bool(), g["baseEast"].Number(), g["baseNorth"].Number(),
-                          g["snapEast"].Number(), g["snapNorth"].Number(),
-                          g["snapAngle"].Number(-2 * M_PI, 2 * M_PI));
+        // A view's grid keeps any number its dialog took: the snap angle as
+        // typed, in the host's unit.
+        constexpr veld::StoredRange any = veld::stored::kFinite;
+        view.grid.SetSnap(g["snapOn"].Bool(), g["baseEast"].Number(any), g["baseNorth"].Number(any),
+                          g["snapEast"].Number(any), g["snapNorth"].Number(any),
+                          g["snapAngle"].Number(any));
         const bool on = g["gridOn"].Bool();
         if (g["gridBySnap"].Bool()) {
             view.grid.SetGridBySnap();
             if (!on)
                 view.grid.SetGrid(false, 0.0, 0.0);
         } else {
-            view.grid.SetGrid(on, g["gridEast"].Number(1e-12, 1e100),
-                              g["gridNorth"].Number(1e-12, 1e100));
+            view.grid.SetGrid(on, g["gridEast"].Number(any), g["gridNorth"].Number(any));
         }
         p.views.push_back(view);
     }
@@ -784,9 +836,11 @@ void readImages(Parsed& p, const In& list) {
             if (!image.loadFromData(*png, "PNG"))
                 pngIn.Fail("the picture is not a readable PNG");
         }
-        p.images.push_back(std::make_unique<CVELDImage>(
-            name, std::make_shared<pix::CDibImage>(image), im["scale"].Number(1e-12, 1e100),
-            im["xMin"].Number(), im["yMin"].Number()));
+        p.images.push_back(
+            std::make_unique<CVELDImage>(name, std::make_shared<pix::CDibImage>(image),
+                                         im["scale"].Number(veld::stored::kImageScale),
+                                         im["xMin"].Number(veld::stored::kCoordinate),
+                                         im["yMin"].Number(veld::stored::kCoordinate)));
     }
 }
 
@@ -875,20 +929,72 @@ bool Read(CVELD& cad, const QByteArray& json, QString& error) {
     return true;
 }
 
-bool Load(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* request,
-          QString& error) {
+namespace {
+
+/// Opens @p path for reading when it names a regular file (after links) of
+/// at most kMaxFileBytes; false with @p why set otherwise. The opened file is
+/// what is checked, so a name pointed elsewhere in between changes nothing,
+/// and a FIFO is not waited on.
+bool openRegular(const QString& path, QFile& file, QString& why) {
     const QFileInfo info(path);
-    const QString name = info.fileName();
-    QFile file(path);
-    if (info.isDir() || !file.open(QIODevice::ReadOnly)) {
-        error =
-            QStringLiteral("%1 cannot be opened: %2")
-                .arg(name, info.isDir() ? QStringLiteral("it is a folder") : file.errorString());
+    if (info.isDir()) {
+        why = QStringLiteral("it is a folder");
         return false;
     }
-    const QByteArray bytes = file.readAll();
+#if defined(Q_OS_UNIX)
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) {
+        why = QString::fromLocal8Bit(std::strerror(errno));
+        return false;
+    }
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        ::close(fd);
+        why = QStringLiteral("it is not a regular file");
+        return false;
+    }
+    ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+    if (!file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(fd);
+        why = file.errorString();
+        return false;
+    }
+#else
+    file.setFileName(path);
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly)) {
+        why = info.exists() && !info.isFile() ? QStringLiteral("it is not a regular file")
+                                              : file.errorString();
+        return false;
+    }
+#endif
+    if (file.size() > kMaxFileBytes) {
+        why = QStringLiteral("it is larger than %1 bytes").arg(kMaxFileBytes);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+static bool loadFile(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* request,
+                     QString& error) {
+    const QString name = QFileInfo(path).fileName();
+    QFile file;
+    QString why;
+    if (!openRegular(path, file, why)) {
+        error = QStringLiteral("%1 cannot be opened: %2").arg(name, why);
+        return false;
+    }
+    // One byte past the limit tells a file that grew since it was opened.
+    const QByteArray bytes = file.read(kMaxFileBytes + 1);
     if (file.error() != QFileDevice::NoError) {
         error = QStringLiteral("%1 cannot be read: %2").arg(name, file.errorString());
+        return false;
+    }
+    if (bytes.size() > kMaxFileBytes) {
+        error = QStringLiteral("%1 cannot be opened: it is larger than %2 bytes")
+                    .arg(name)
+                    .arg(kMaxFileBytes);
         return false;
     }
     QByteArray plain;
@@ -907,7 +1013,6 @@ bool Load(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* req
             error = QStringLiteral("%1 is damaged: its sealed content does not open").arg(name);
             return false;
     }
-    QString why;
     if (!Read(cad, plain, why)) {
         error = QStringLiteral("%1: %2").arg(name, why);
         return false;
@@ -915,9 +1020,28 @@ bool Load(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* req
     return true;
 }
 
+bool Load(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* request,
+          QString& error) {
+    try {
+        return loadFile(cad, path, request, error);
+    } catch (const std::bad_alloc&) {
+        // Everything is read aside before the drawing changes: it stays.
+        error = QStringLiteral("%1 cannot be opened: not enough memory")
+                    .arg(QFileInfo(path).fileName());
+        return false;
+    }
+}
+
 bool Save(const CVELD& cad, const QString& path, const QString& password, QString& error) {
     const QByteArray json = Write(cad);
     const QByteArray bytes = password.isEmpty() ? json : veld::CSealedFile::Seal(json, w(password));
+    // A device, a FIFO or a folder is never replaced by a drawing.
+    const QFileInfo target(path);
+    if (target.exists() && !target.isFile()) {
+        error =
+            QStringLiteral("%1 cannot be saved: it is not a regular file").arg(target.fileName());
+        return false;
+    }
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
         error = QStringLiteral("%1 cannot be saved: %2")

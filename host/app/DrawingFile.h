@@ -34,7 +34,12 @@ QByteArray Dump(const CVELD& cad);
 /// unchanged.
 bool Read(CVELD& cad, const QByteArray& json, QString& error);
 
-/// Opens a file, plain or sealed; for a sealed one @p request is asked for
+/// The largest drawing file Load reads (1 GiB): opening one takes about
+/// 1.6 times its size in memory.
+inline constexpr qint64 kMaxFileBytes = qint64(1) << 30;
+
+/// Opens a regular file of at most kMaxFileBytes, plain or sealed (a folder,
+/// device or FIFO is refused without being read); for a sealed one @p request is asked for
 /// the password (and whether to retry after a wrong one). A sealed file whose
 /// header shows damage is refused as damaged without a question; one that no
 /// password opened, as "wrong password or damaged file".
@@ -42,7 +47,8 @@ bool Load(CVELD& cad, const QString& path, veld::IFileReaderPasswordRequest* req
           QString& error);
 /// Saves to @p path, sealed when @p password is not empty. The file is
 /// written beside the target and renamed over it, so a failed save leaves the
-/// old file.
+/// old file; a target that exists and is not a regular file (a device, a
+/// FIFO, a folder) is refused.
 bool Save(const CVELD& cad, const QString& path, const QString& password, QString& error);
 
 }  // namespace drawingfile

@@ -16,6 +16,7 @@
 #include <cmath>
 
 #include "ulo/Memento.h"
+#include "veld/StoredRange.h"
 
 #define VELD_GRID_API __attribute__((visibility("default")))
 
@@ -84,7 +85,9 @@ protected:
     void OnSetMemento(ulo::IMemento* memento) override;
 
 private:
-    static double Finite(double v, double instead = 0.0) { return std::isfinite(v) ? v : instead; }
+    static double Finite(double v, double instead = 0.0) {
+        return std::isfinite(v) ? veld::Kept(v) : instead;
+    }
     static double Interval(double v) {
         constexpr double kTiny = 1e-12;
         return (!std::isfinite(v) || (v >= -kTiny && v <= kTiny)) ? 1.0 : v;

@@ -381,6 +381,17 @@ std::wstring ToWString(const char* v) {
     return s;
 }
 
+bool SameString(const char* a, const char* b) {
+    if (a[1] != b[1] && a[1] != '\\' && b[1] != '\\')
+        return false;  // the common case, told by the first character
+    const std::string_view ra(a, endOfString(a) - a), rb(b, endOfString(b) - b);
+    if (ra == rb)
+        return true;
+    // The same text may be spelt with escapes; rare enough to decode.
+    const auto escaped = [](std::string_view r) { return r.find('\\') != std::string_view::npos; };
+    return (escaped(ra) || escaped(rb)) && ToString(a) == ToString(b);
+}
+
 bool Equals(const char* v, std::string_view text) {
     // Byte by byte: a shorter string stops at its closing quote.
     std::size_t i = 0;

@@ -32,6 +32,9 @@ double ToNumber(const char* v);
 QString ToString(const char* v);
 /// The string at @p v, in UTF-32 when wchar_t has 32 bits (UTF-16 else).
 std::wstring ToWString(const char* v);
+/// True when the strings at @p a and @p b hold the same text, however
+/// their escapes spell it.
+bool SameString(const char* a, const char* b);
 /// True when the string at @p v is @p text (ASCII, no escapes needed).
 bool Equals(const char* v, std::string_view text);
 

@@ -6,6 +6,7 @@
 #include "ulo/NumberText.h"
 #include "veld/Colors.h"
 #include "veld/EntCollection.h"
+#include "veld/StoredRange.h"
 
 namespace {
 template <class T>
@@ -231,7 +232,10 @@ double GetLtypeScale(const CVELD* cad) {
     return cad->GetSettings().ltypeScale;
 }
 void SetLtypeScale(CVELD* cad, double scale) {
-    setSetting(cad, &CVELD::Settings::ltypeScale, scale, CVELD::kVarLtypeScale);
+    // A scale a drawing file cannot hold (not positive, not finite) is never
+    // taken: the one in force stays.
+    if (veld::stored::kLtypeScale.Holds(scale))
+        setSetting(cad, &CVELD::Settings::ltypeScale, scale, CVELD::kVarLtypeScale);
 }
 
 void GetAngleSystem(const CVELD* cad, short& system, double& base, bool& clockwise) {
@@ -241,6 +245,9 @@ void GetAngleSystem(const CVELD* cad, short& system, double& base, bool& clockwi
 }
 
 void SetAngleSystem(CVELD* cad, short system, double base, bool clockwise) {
+    if (!veld::stored::kAngleBase.Holds(base))
+        return;
+    base = veld::Kept(base);
     auto& s = cad->GetSettings();
     if (s.angleSystem == system && s.angleBase == base && s.angleClockwise == clockwise)
         return;

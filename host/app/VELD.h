@@ -206,11 +206,13 @@ void SetCurLtype(CVELD* cad, veld::CLtype* ltype);
 veld::CStyle* GetCurStyle(const CVELD* cad);
 void SetCurStyle(CVELD* cad, veld::CStyle* style);
 double GetLtypeScale(const CVELD* cad);
+/// Ignores a scale outside veld::stored::kLtypeScale (not positive, not finite).
 void SetLtypeScale(CVELD* cad, double scale);
 
 // Angle system: format 0 degrees, 2 gons, 3 radians (any other code counts as
 // degrees); base angle in radians from East counterclockwise.
 void GetAngleSystem(const CVELD* cad, short& system, double& base, bool& clockwise);
+/// Ignores a base outside veld::stored::kAngleBase.
 void SetAngleSystem(CVELD* cad, short system, double base, bool clockwise);
 const IAngleConverter* GetAngleConverter(const CVELD* cad);
 

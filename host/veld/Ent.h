@@ -74,9 +74,13 @@ public:
     // Geometry. Lines have two points, polylines two or more (closed or
     // not), circles and points and texts one.
     const std::vector<ulo::geom::PNT_3D>& GetPoints() const { return s_.points; }
-    void SetPoints(std::vector<ulo::geom::PNT_3D> points) { s_.points = std::move(points); }
+    void SetPoints(std::vector<ulo::geom::PNT_3D> points) {
+        for (ulo::geom::PNT_3D& p : points)
+            p = {Kept(p.x), Kept(p.y), Kept(p.z)};
+        s_.points = std::move(points);
+    }
     double GetRadius() const { return s_.radius; }
-    void SetRadius(double r) { s_.radius = r; }
+    void SetRadius(double r) { s_.radius = Kept(r); }
     bool IsClosed() const { return s_.closed; }
     void SetClosed(bool closed) { s_.closed = closed; }
     /// Moves every point by (dx, dy, dz).

@@ -44,7 +44,7 @@ private:
 
 class CLtypeComplexDashSeq {
 public:
-    void AddDashDouble(double value) { dashes_.emplace_back(value); }
+    void AddDashDouble(double value) { dashes_.emplace_back(Kept(value)); }
     void AddDashText(const TEXT_3D& text) { dashes_.emplace_back(text); }
     void AddDashText(TEXT_3D&& text) { dashes_.emplace_back(std::move(text)); }
     /// Room for @p n elements, so that a pattern of known length takes no more.

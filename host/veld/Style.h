@@ -2,6 +2,7 @@
 // A text style: font, heights, width factor, oblique angle (radians) and
 // flags. Styles with flag 0x01 describe shapes (symbols), not text.
 #include "Font.h"
+#include "StoredRange.h"
 #include "TableItem.h"
 
 namespace veld {
@@ -22,13 +23,13 @@ public:
     const ICADFont* GetFont() const { return s_.font; }
     void SetFont(const ICADFont* font) { s_.font = font; }
     double GetFixedHeight() const { return s_.fixedHeight; }
-    void SetFixedHeight(double h) { s_.fixedHeight = h; }
+    void SetFixedHeight(double h) { s_.fixedHeight = Kept(h); }
     double GetLastHeight() const { return s_.lastHeight; }
-    void SetLastHeight(double h) { s_.lastHeight = h; }
+    void SetLastHeight(double h) { s_.lastHeight = Kept(h); }
     double GetWidthScale() const { return s_.widthScale; }
-    void SetWidthScale(double w) { s_.widthScale = w; }
+    void SetWidthScale(double w) { s_.widthScale = Kept(w); }
     double GetOblique() const { return s_.oblique; }
-    void SetOblique(double radians) { s_.oblique = radians; }
+    void SetOblique(double radians) { s_.oblique = Kept(radians); }
     bool IsBold() const { return s_.bold; }
     void SetBold(bool b) { s_.bold = b; }
     bool IsItalic() const { return s_.italic; }

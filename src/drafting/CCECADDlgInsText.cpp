@@ -3,6 +3,8 @@
 #include <cmath>
 #include <numbers>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "app/VELD.h"
 #include "factory/Scopes.h"
@@ -16,6 +18,7 @@
 #include "ulo/ctrl/MessageBox.h"
 #include "veld/Data.h"
 #include "veld/EntCollection.h"
+#include "veld/StoredRange.h"
 #include "veld/Text.h"
 
 namespace veld5 {
@@ -153,7 +156,10 @@ void CCECADDlgInsText::OnOK() {
         return Refuse(kIdRotation, LoadResString(ids::kInvalidValue), ids::kWarning);
     rotation = angles->UnitsToRadians(rotation);
 
-    MakeTexts(ChosenStyle(), height, widthFactor, slant, rotation);
+    // Lines stacked from a point far out may leave the coordinates a drawing
+    // keeps: the height that spaces them is what to change.
+    if (!MakeTexts(ChosenStyle(), height, widthFactor, slant, rotation))
+        return Refuse(kIdHeight, LoadResString(ids::kValueOutOfRange), ids::kWarning);
     CExDialog::OnOK();
 }
 
@@ -165,7 +171,7 @@ veld::CStyle* CCECADDlgInsText::ChosenStyle() const {
     return GetCurStyle(cad_);
 }
 
-void CCECADDlgInsText::MakeTexts(veld::CStyle* style, double height, double widthFactor,
+bool CCECADDlgInsText::MakeTexts(veld::CStyle* style, double height, double widthFactor,
                                  double slant, double rotation) {
     // Line pitch: ascent, descent and line gap of the font for a text whose
     // ascent is the height. A font without an ascent spaces lines by the
@@ -183,14 +189,16 @@ void CCECADDlgInsText::MakeTexts(veld::CStyle* style, double height, double widt
         static_cast<unsigned short>(GetDlgItem<CCEBaseKeybCombo>(kIdJustify)->currentIndex());
 
     texts_.clear();
+    std::vector<std::pair<ulo::WString, ulo::geom::PNT_3D>> lines;
     ulo::geom::PNT_3D at = point_;
     for (const unsigned id : {kIdLine1, kIdLine2, kIdLine3}) {
         const ulo::WString line = ulo::WString::FromQString(GetDlgItemText(id));
         if (line.Length() == 0)
             continue;  // an empty line leaves no gap
-        veld::CTextContext context(line, height, slant, widthFactor, rotation);
-        const veld::TEXT_3D text(context, style, at, alignment, 0);
-        texts_.push_back(ulo::RefPtr<veld::CEnt>::Adopt(CreateEntText(cad_, text)));
+        constexpr veld::StoredRange kept = veld::stored::kCoordinate;
+        if (!kept.Holds(at.x) || !kept.Holds(at.y) || !kept.Holds(at.z))
+            return false;
+        lines.emplace_back(line, at);
         if (horizontal) {
             // The next line below, across the text direction.
             at.x += d1;
@@ -201,6 +209,12 @@ void CCECADDlgInsText::MakeTexts(veld::CStyle* style, double height, double widt
             at.y += d1;
         }
     }
+    for (const auto& [line, point] : lines) {
+        veld::CTextContext context(line, height, slant, widthFactor, rotation);
+        const veld::TEXT_3D text(context, style, point, alignment, 0);
+        texts_.push_back(ulo::RefPtr<veld::CEnt>::Adopt(CreateEntText(cad_, text)));
+    }
+    return true;
 }
 
 bool CCECADDlgInsText::OnCommand(unsigned id) {

@@ -52,7 +52,9 @@ private:
     void Refuse(unsigned id, const ulo::WString& text, unsigned captionId);
     /// The style of the selected entry, or the current style when none is.
     veld::CStyle* ChosenStyle() const;
-    void MakeTexts(veld::CStyle* style, double height, double widthFactor, double slant,
+    /// Makes one text per filled line; false, making none, when a line would
+    /// stand beyond the coordinates a drawing keeps.
+    bool MakeTexts(veld::CStyle* style, double height, double widthFactor, double slant,
                    double rotation);
 
     ulo::geom::PNT_3D point_;

@@ -16,11 +16,6 @@
 
 namespace veld5 {
 
-namespace {
-/// The longest part of the scale's text that is read.
-constexpr qsizetype kScaleChars = 100;
-}  // namespace
-
 CEVELDLtypeDLg::CEVELDLtypeDLg(CLayerLtypeCtrlDlg* controller, CVELD* cad, CWnd* parent,
                                int templateId)
     : CVELDLayerLtypeDlg(controller, cad, parent, templateId,
@@ -136,7 +131,9 @@ void CEVELDLtypeDLg::OnLoad() {
 }
 
 void CEVELDLtypeDLg::OnScaleEdited(const QString& text) {
-    const std::wstring read = text.left(kScaleChars).toStdWString();
+    // The whole text: a large scale's six-decimal text runs to 316
+    // characters, and a text cut short reads as another number.
+    const std::wstring read = text.toStdWString();
     scale_ = ulo::wtof(read.c_str());
     controller_->SetNewLtypeScale(scale_);
 }

@@ -7,19 +7,34 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtEndian>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <functional>
+#include <limits>
+#include <numbers>
+
+#include <sys/stat.h>
 
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
 #include "app/view/VELDView.h"
+#include "veld/Data.h"
+#include "veld/StoredRange.h"
 
 namespace {
+
+constexpr double kPi = std::numbers::pi;
 
 /// Answers the password questions from a list (null: cancel); never retries.
 class ScriptedPasswords : public veld::IFileReaderPasswordRequest {
@@ -272,6 +287,340 @@ TEST(DrawingFile, RefusalsNameTheFileAndTheFaultAndNeverOpen) {
     }
 }
 
+// Endless or huge inputs are refused before a byte is read, and a save never
+// turns a device, FIFO or folder into a drawing; the open drawing stays.
+TEST(DrawingFile, OnlyRegularFilesWithinTheLimitAreOpenedOrReplaced) {
+    QTemporaryDir dir;
+    const QString fifo = path(dir, "pipe.veld");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    const QString zeroLink = path(dir, "zero.veld");
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), zeroLink));
+    const QString huge = path(dir, "huge.veld");
+    {
+        QFile f(huge);  // sparse: no disk is spent on it
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(f.resize(drawingfile::kMaxFileBytes + 1));
+    }
+    const QString larger =
+        QStringLiteral("it is larger than %1 bytes").arg(drawingfile::kMaxFileBytes);
+    const struct {
+        QString file;
+        QString reason;
+    } opens[] = {
+        {fifo, QStringLiteral("it is not a regular file")},
+        {zeroLink, QStringLiteral("it is not a regular file")},
+        {QStringLiteral("/dev/zero"), QStringLiteral("it is not a regular file")},
+        {dir.path(), QStringLiteral("it is a folder")},
+        {huge, larger},
+    };
+    CVELD cad;
+    BuildSampleDrawing(cad);
+    const QByteArray untouched = drawingfile::Dump(cad);
+    for (const auto& o : opens) {
+        QString error;
+        EXPECT_FALSE(drawingfile::Load(cad, o.file, nullptr, error)) << o.file.toStdString();
+        EXPECT_EQ(error,
+                  QFileInfo(o.file).fileName() + QStringLiteral(" cannot be opened: ") + o.reason);
+        EXPECT_EQ(drawingfile::Dump(cad), untouched) << o.file.toStdString();
+    }
+    for (const QString& target : {fifo, dir.path()}) {
+        QString error;
+        EXPECT_FALSE(drawingfile::Save(cad, target, QString(), error)) << target.toStdString();
+        EXPECT_EQ(error, QFileInfo(target).fileName() +
+                             QStringLiteral(" cannot be saved: it is not a regular file"));
+    }
+    EXPECT_FALSE(QFileInfo(fifo).isFile()) << "the FIFO is still one";
+}
+
+// A key given twice is refused with its place: which value was meant is
+// anybody's guess, and a later save would quietly drop one of them.
+TEST(DrawingFile, KeysGivenTwiceAreRefusedWithTheirPlace) {
+    const QByteArray json = sampleJson();
+    const struct {
+        const char* what;
+        const char* key;  // the first occurrence gets a twin of itself
+        const char* message;
+    } cases[] = {
+        {"top level", "\"format\": \"veld-drawing\"", "the key \"format\" appears twice"},
+        {"entity", "\"layer\": ", "entities[0]: the key \"layer\" appears twice"},
+        {"spelt with an escape", "\"settings\": {", "settings: the key \"osnapOn\" appears twice"},
+    };
+    for (const auto& c : cases) {
+        QByteArray edited = json;
+        if (QByteArrayView(c.what) == "entity") {
+            const qsizetype at = edited.indexOf("\"entities\"");
+            const qsizetype key = edited.indexOf(c.key, at);
+            edited.insert(key, "\"layer\": \"0\", ");
+        } else if (QByteArrayView(c.what) == "top level") {
+            edited.insert(edited.indexOf('{') + 1, "\"format\": \"veld-drawing\", ");
+        } else {
+            const qsizetype at = edited.indexOf(c.key) + qstrlen(c.key);
+            edited.insert(at, "\"osn\\u0061pOn\": true, ");
+        }
+        CVELD cad;
+        QString error;
+        EXPECT_FALSE(drawingfile::Read(cad, edited, error)) << c.what;
+        EXPECT_EQ(error.toStdString(), c.message) << c.what;
+    }
+}
+
+// The canonical writer writes only what an image shows: the bits that pad a
+// row of a one-bit picture never reach the file.
+TEST(DrawingFile, ImagesOfEveryDepthSaveTheSameBytesTwice) {
+    for (const QImage::Format format :
+         {QImage::Format_Mono, QImage::Format_MonoLSB, QImage::Format_Indexed8,
+          QImage::Format_Grayscale8, QImage::Format_Grayscale16, QImage::Format_RGB16,
+          QImage::Format_RGB888, QImage::Format_RGB32, QImage::Format_ARGB32,
+          QImage::Format_RGBA64}) {
+        // Two pictures of the same pixels whose padding differs, as memory
+        // left by earlier allocations would.
+        QByteArray written[2];
+        for (const uchar garbage : {uchar(0x00), uchar(0xFF)}) {
+            QImage image(13, 3, format);
+            for (int y = 0; y < image.height(); ++y)
+                std::memset(image.scanLine(y), garbage, static_cast<size_t>(image.bytesPerLine()));
+            const bool indexed = image.depth() <= 8 && format != QImage::Format_Grayscale8;
+            if (indexed)
+                image.setColorTable({qRgb(0, 0, 0), qRgb(255, 255, 255)});
+            const uint white = indexed ? 1u : 0xFFFFFFFFu;
+            for (int x = 0; x < image.width(); ++x)
+                for (int y = 0; y < image.height(); ++y)
+                    image.setPixel(x, y, (x + y) % 2 ? white : 0u);
+            CVELD cad;
+            cad.AddImage(std::make_unique<CVELDImage>(
+                QStringLiteral("Scan"), std::make_shared<pix::CDibImage>(image), 0.5, 10, 20));
+            written[garbage ? 1 : 0] = drawingfile::Write(cad);
+            CVELD reopened;
+            QString error;
+            ASSERT_TRUE(drawingfile::Read(reopened, written[garbage ? 1 : 0], error))
+                << format << ": " << error.toStdString();
+            EXPECT_EQ(drawingfile::Write(reopened), written[garbage ? 1 : 0]) << format;
+        }
+        EXPECT_EQ(written[0], written[1]) << format;
+    }
+}
+
+// Every number a drawing keeps reads back from its file bit for bit when it
+// lies in its range (veld/StoredRange.h), and a file holding one beyond it is
+// refused naming the place; the settings whose setters guard them keep what
+// they had. Probed at the limits of a double and of each range.
+TEST(DrawingFile, StoredNumbersReadBackBitForBitOrAreRefusedByTheirRange) {
+    using veld::StoredRange;
+    namespace stored = veld::stored;
+    const auto entity = [](CVELD& cad, veld::EntKind kind) {
+        const veld::CEntTable& table = cad.GetData()->GetEntTable();
+        for (unsigned i = 0; i < table.GetNoEnts(); ++i)
+            if (table.GetEnt(i)->GetKind() == kind)
+                return table.GetEnt(i);
+        ADD_FAILURE() << "the sample drawing has no entity of the kind";
+        return table.GetEnt(0);
+    };
+    const auto text = [&](CVELD& cad) {
+        return static_cast<veld::CEntText*>(entity(cad, veld::EntKind::Text));
+    };
+    const auto setText = [&](CVELD& cad, double h, double r, double w) {
+        veld::TEXT_3D t = text(cad)->GetText();
+        const veld::CTextContext& c = t.GetContext();
+        text(cad)->SetText(veld::TEXT_3D(c.GetString(), t.GetStyle(), h, c.GetSlant(), w, r,
+                                         t.GetPoint(), t.GetAlignment(), 0));
+    };
+    const auto grid = [](CVELD& cad) -> CGrid& { return cad.GetViewState(0)->GetGrid(); };
+    const auto snap = [&](CVELD& cad, int which) {
+        double v[5];
+        grid(cad).GetSnap(v[0], v[1], v[2], v[3], v[4]);
+        return v[which];
+    };
+    const auto setSnap = [&](CVELD& cad, int which, double value) {
+        double v[5];
+        CGrid& g = grid(cad);
+        g.GetSnap(v[0], v[1], v[2], v[3], v[4]);
+        v[which] = value;
+        g.SetSnap(g.IsSnapActive(), v[0], v[1], v[2], v[3], v[4]);
+    };
+    const auto dashed = [](CVELD& cad) { return cad.GetData()->GetLtypeTable().Find(L"DASHED"); };
+    const auto gas = [](CVELD& cad) { return cad.GetData()->GetLtypeTable().Find(L"GAS_LINE"); };
+    const auto standard = [](CVELD& cad) {
+        return cad.GetData()->GetStyleTable().Find(L"STANDARD");
+    };
+    using Get = std::function<double(CVELD&)>;
+    using Set = std::function<void(CVELD&, double)>;
+    struct Quantity {
+        const char* path;    // slash-separated; # stands for the index the first lookup names
+        const char* lookup;  // "kind=TEXT", "name=DASHED" in the list before #
+        StoredRange range;
+        Set set;
+        Get get;
+        bool guarded = false;  // the setter refuses a value beyond the range
+    };
+    const Quantity quantities[] = {
+        {"settings/ltypeScale", "", stored::kLtypeScale,
+         [](CVELD& c, double v) { SetLtypeScale(&c, v); },
+         [](CVELD& c) { return GetLtypeScale(&c); }, true},
+        {"settings/angleBase", "", stored::kAngleBase,
+         [](CVELD& c, double v) { SetAngleSystem(&c, 2, v, false); },
+         [](CVELD& c) {
+             short system;
+             double base;
+             bool clockwise;
+             GetAngleSystem(&c, system, base, clockwise);
+             return base;
+         },
+         true},
+        {"views/0/grid/baseEast", "", stored::kFinite,
+         [&](CVELD& c, double v) { setSnap(c, 0, v); }, [&](CVELD& c) { return snap(c, 0); }},
+        {"views/0/grid/snapEast", "", stored::kFinite,
+         [&](CVELD& c, double v) { setSnap(c, 2, v); }, [&](CVELD& c) { return snap(c, 2); }},
+        {"views/0/grid/snapAngle", "", stored::kFinite,
+         [&](CVELD& c, double v) { setSnap(c, 4, v); }, [&](CVELD& c) { return snap(c, 4); }},
+        {"views/0/grid/gridNorth", "", stored::kFinite,
+         [&](CVELD& c, double v) { grid(c).SetGrid(true, 2.0, v); },
+         [&](CVELD& c) {
+             double e, n;
+             grid(c).GetGrid(e, n);
+             return n;
+         }},
+        {"entities/#/points/0/1", "kind=LINE", stored::kCoordinate,
+         [&](CVELD& c, double v) {
+             std::vector<ulo::geom::PNT_3D> p = entity(c, veld::EntKind::Line)->GetPoints();
+             p[0].y = v;
+             entity(c, veld::EntKind::Line)->SetPoints(p);
+         },
+         [&](CVELD& c) { return entity(c, veld::EntKind::Line)->GetPoints()[0].y; }},
+        {"entities/#/radius", "kind=CIRCLE", stored::kLength,
+         [&](CVELD& c, double v) { entity(c, veld::EntKind::Circle)->SetRadius(v); },
+         [&](CVELD& c) { return entity(c, veld::EntKind::Circle)->GetRadius(); }},
+        {"entities/#/text/height", "kind=TEXT", stored::kLength,
+         [&](CVELD& c, double v) {
+             const veld::CTextContext t = text(c)->GetText().GetContext();
+             setText(c, v, t.GetRotate(), t.GetWidthFactor());
+         },
+         [&](CVELD& c) { return text(c)->GetText().GetContext().GetHeight(); }},
+        {"entities/#/text/rotation", "kind=TEXT", stored::kTextAngle,
+         [&](CVELD& c, double v) {
+             const veld::CTextContext t = text(c)->GetText().GetContext();
+             setText(c, t.GetHeight(), v, t.GetWidthFactor());
+         },
+         [&](CVELD& c) { return text(c)->GetText().GetContext().GetRotate(); }},
+        {"entities/#/text/width", "kind=TEXT", stored::kWidthFactor,
+         [&](CVELD& c, double v) {
+             const veld::CTextContext t = text(c)->GetText().GetContext();
+             setText(c, t.GetHeight(), t.GetRotate(), v);
+         },
+         [&](CVELD& c) { return text(c)->GetText().GetContext().GetWidthFactor(); }},
+        {"styles/#/fixedHeight", "name=STANDARD", stored::kLength,
+         [&](CVELD& c, double v) { standard(c)->SetFixedHeight(v); },
+         [&](CVELD& c) { return standard(c)->GetFixedHeight(); }},
+        {"styles/#/widthScale", "name=STANDARD", stored::kWidthFactor,
+         [&](CVELD& c, double v) { standard(c)->SetWidthScale(v); },
+         [&](CVELD& c) { return standard(c)->GetWidthScale(); }},
+        {"styles/#/oblique", "name=STANDARD", stored::kOblique,
+         [&](CVELD& c, double v) { standard(c)->SetOblique(v); },
+         [&](CVELD& c) { return standard(c)->GetOblique(); }},
+        {"ltypes/#/elements/0", "name=DASHED", stored::kFinite,
+         [&](CVELD& c, double v) {
+             veld::CLtypeComplexDashSeq seq;
+             seq.AddDashDouble(v);
+             seq.AddDashDouble(-1.0);
+             dashed(c)->Copy(veld::CLtype(L"DASHED", L"Dashed", std::move(seq), 0));
+         },
+         [&](CVELD& c) { return dashed(c)->GetDash(0)->GetDouble(); }},
+        {"ltypes/#/elements/2/height", "name=GAS_LINE", stored::kFinite,
+         [&](CVELD& c, double v) {
+             veld::CLtypeComplexDashSeq seq;
+             seq.AddDashDouble(4.0);
+             seq.AddDashDouble(-0.8);
+             seq.AddDashText(veld::TEXT_3D(L"GAS", standard(c), v, 0, 1, 0, {0, 0, 0}, 0, 0));
+             seq.AddDashDouble(-2.0);
+             gas(c)->Copy(veld::CLtype(L"GAS_LINE", L"Gas", std::move(seq), 0));
+         },
+         [&](CVELD& c) { return gas(c)->GetDash(2)->GetText()->GetContext().GetHeight(); }},
+        {"images/0/scale", "", stored::kImageScale,
+         [](CVELD& c, double v) {
+             CVELDImage* image = c.GetImage(0);
+             image->Set(v, image->GetXMin(), image->GetYMin());
+         },
+         [](CVELD& c) { return c.GetImage(0)->GetScale(); }},
+    };
+    constexpr double kLargest = std::numeric_limits<double>::max();
+    constexpr double kTiniest = std::numeric_limits<double>::denorm_min();
+    const double limits[] = {0.0,
+                             -0.0,
+                             kTiniest,
+                             -kTiniest,
+                             std::numeric_limits<double>::min(),
+                             4e-320,
+                             1e-12,
+                             1e-9,
+                             0.0001,
+                             0.01,
+                             1.0,
+                             -1.0,
+                             kPi,
+                             -kPi,
+                             2 * kPi,
+                             100.0,
+                             1e100,
+                             -1e100,
+                             std::nextafter(1e100, kLargest),
+                             1e200,
+                             kLargest,
+                             -kLargest};
+    const auto bits = [](double v) { return std::bit_cast<std::uint64_t>(v); };
+    for (const Quantity& q : quantities) {
+        std::vector<double> values(std::begin(limits), std::end(limits));
+        for (const double edge : {q.range.lo, q.range.hi})
+            for (const double v :
+                 {edge, std::nextafter(edge, -kLargest), std::nextafter(edge, kLargest)})
+                values.push_back(v);
+        for (const double v : values) {
+            const std::string what =
+                std::string(q.path) + " = " + QString::number(v, 'g', 17).toStdString();
+            CVELD cad;
+            CVELDView view(&cad);
+            BuildSampleDrawing(cad);
+            const double before = q.get(cad);
+            if (q.range.Holds(v)) {
+                q.set(cad, v);
+                const double held = q.get(cad);
+                EXPECT_TRUE(q.range.Holds(held)) << what;
+                EXPECT_FALSE(held == 0 && std::signbit(held)) << what << ": a negative zero";
+                CVELD reopened;
+                CVELDView reopenedView(&reopened);
+                QString error;
+                ASSERT_TRUE(drawingfile::Read(reopened, drawingfile::Write(cad), error))
+                    << what << ": " << error.toStdString();
+                EXPECT_EQ(bits(q.get(reopened)), bits(held)) << what;
+                continue;
+            }
+            if (q.guarded) {
+                q.set(cad, v);
+                EXPECT_EQ(bits(q.get(cad)), bits(before)) << what << ": the setter took it";
+            }
+            // Hand-edited: the file holds the number.
+            QJsonObject root = QJsonDocument::fromJson(drawingfile::Write(cad)).object();
+            QString place = QString::fromLatin1(q.path);
+            if (place.contains(u'#')) {
+                const QStringList look = QString::fromLatin1(q.lookup).split(u'=');
+                const QJsonArray list = root[place.section(u'/', 0, 0)].toArray();
+                qsizetype at = 0;
+                while (at < list.size() && list[at][look[0]].toString() != look[1])
+                    ++at;
+                place.replace(u'#', QString::number(at));
+            }
+            root = with(root, place.split(u'/'), v).toObject();
+            CVELD target;
+            CVELDView targetView(&target);
+            QString error;
+            EXPECT_FALSE(drawingfile::Read(target, QJsonDocument(root).toJson(), error)) << what;
+            place.replace(QRegularExpression(QStringLiteral("/(\\d+)")), QStringLiteral("[\\1]"));
+            place.replace(u'/', u'.');
+            EXPECT_TRUE(error.startsWith(place + QStringLiteral(": "))) << error.toStdString();
+            EXPECT_TRUE(error.contains(QStringLiteral(" is out of range (")))
+                << error.toStdString();
+        }
+    }
+}
+
 TEST(DrawingFile, HandEditedFilesNameThePlaceOfTheFault) {
     const QJsonObject sample = QJsonDocument::fromJson(sampleJson()).object();
     // The sample's active sets, in type order: Plan (0), Survey (1), Stations (2), Basemap (4);
@@ -300,6 +649,8 @@ TEST(DrawingFile, HandEditedFilesNameThePlaceOfTheFault) {
         {set("ltypes/1"), "the line type \"ByLayer\" is missing"},
         {set("current/layer", "CONTOURS"),
          "current.layer: the layer \"CONTOURS\" cannot be current"},
+        {set("current/ltype", "basemap|track"),
+         "current.ltype: the line type \"basemap|track\" cannot be current"},
         {set("settings/colors/grid", "red"), "settings.colors.grid: expected a colour"},
         {set("settings/colors/grid", "#+fffff"),
          "settings.colors.grid: expected a colour \"#rrggbb\", found \"#+fffff\""},

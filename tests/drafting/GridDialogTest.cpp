@@ -10,11 +10,13 @@
 #include <QMessageBox>
 #include <clocale>
 #include <cmath>
+#include <cstring>
 #include <functional>
 #include <optional>
 #include <random>
 
 #include "../factory/FactoryFixture.h"
+#include "app/DrawingFile.h"
 #include "app/Grid.h"
 #include "app/VELD.h"
 #include "app/view/VELDView.h"
@@ -86,6 +88,13 @@ std::string Describe(const CGrid& g) {
         .arg(v.gridE, 0, 'g', 17)
         .arg(v.gridN, 0, 'g', 17)
         .toStdString();
+}
+/// Equal to the last bit: 0 and -0 differ.
+bool SameBits(const CGrid& a, const CGrid& b) {
+    const Values x = Read(a), y = Read(b);
+    const double xs[] = {x.baseE, x.baseN, x.snapE, x.snapN, x.angle, x.gridE, x.gridN};
+    const double ys[] = {y.baseE, y.baseN, y.snapE, y.snapN, y.angle, y.gridE, y.gridN};
+    return x.snapOn == y.snapOn && x.gridOn == y.gridOn && std::memcmp(xs, ys, sizeof xs) == 0;
 }
 bool AllFinite(const CGrid& g) {
     const Values v = Read(g);
@@ -331,6 +340,12 @@ TEST_F(GridDialogTest, HostileNumbersInEveryField) {
         {Q("1e100"), 1e100, 1e100},
         {Q("0.0001"), 0.0001, 0.0001},
         {Q("-7.125"), -7.125, no},
+        // Kept as typed, whatever the host's angle unit, however far out.
+        {Q("45"), 45, 45},
+        {Q("400"), 400, 400},
+        {Q("1e200"), 1e200, no},
+        {Q("-1.7976931348623157e308"), -1.7976931348623157e308, no},
+        {Q("4.9406564584124654e-324"), 4.9406564584124654e-324, no},
     };
     for (const Field& f : kFields) {
         for (const auto& r : rows) {
@@ -350,6 +365,13 @@ TEST_F(GridDialogTest, HostileNumbersInEveryField) {
             EXPECT_TRUE(AllFinite(grid)) << what;
             if (expected) {
                 EXPECT_EQ(Read(grid).*f.value, *expected) << what;
+                // What the grid keeps, a drawing file gives back bit for bit.
+                CVELD reopened;
+                CVELDView reopenedView(&reopened);
+                QString error;
+                ASSERT_TRUE(drawingfile::Read(reopened, drawingfile::Write(cad), error))
+                    << what << ": " << error.toStdString();
+                EXPECT_TRUE(SameBits(GetViewGrid(&reopenedView), grid)) << what;
             } else {
                 EXPECT_TRUE(grid == before) << what << ": " << Describe(grid);
             }

@@ -329,6 +329,8 @@ TEST_F(InsTextDialogTest, RefusalsNameTheFieldAndMakeNothing) {
         {kHeight, Q("0"), positive, warning},
         {kHeight, Q("-0"), positive, warning},
         {kHeight, Q("-2"), positive, warning},
+        // A second line would stand beyond the coordinates a drawing keeps.
+        {kHeight, Q("9.9e99"), Q("The value is out of range"), warning, 0, kLine2, Q("Below")},
         {kHeight, Q(""), invalid, warning, 0, kSlant, Q("85")},
         {kWidth, Q(""), invalid, warning},
         {kWidth, Q("nan"), invalid, warning},

@@ -4,6 +4,8 @@
 // step and gone after Cancel.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include <QJsonArray>
 
 #include "../factory/FactoryFixture.h"
@@ -106,18 +108,24 @@ TEST_F(LtypesDialogTest, RefusalsAreShownWordForWordAndChangeNothing) {
 
 // The scale edit shows six decimals and OK applies what it reads; a text
 // that reads as 0 or less, or as no finite number, leaves the scale alone.
+// Any positive scale is kept, and an untouched field never changes one
+// beyond what its six decimals show.
 TEST_F(LtypesDialogTest, GlobalScaleAsTyped) {
+    constexpr double kStart = 1.2345678, kLargest = std::numeric_limits<double>::max();
     const struct {
+        double start;
         const char* typed;  // null: not touched
         double applied;
     } cases[] = {
-        {nullptr, 1.234568}, {"2.5", 2.5},      {"1,5", 1.5},    {"abc", 1.2345678},
-        {"0", 1.2345678},    {"-3", 1.2345678}, {"", 1.2345678}, {"1e309", 1.2345678},
-        {"nan", 1.2345678},  {" 7x", 7},
+        {kStart, nullptr, 1.234568}, {kStart, "2.5", 2.5},          {kStart, "1,5", 1.5},
+        {kStart, "abc", kStart},     {kStart, "0", kStart},         {kStart, "-3", kStart},
+        {kStart, "", kStart},        {kStart, "1e309", kStart},     {kStart, "nan", kStart},
+        {kStart, " 7x", 7},          {kStart, "1e-10", 1e-10},      {kStart, "4e-320", 4e-320},
+        {1e100, nullptr, 1e100},     {kLargest, nullptr, kLargest}, {1e-10, nullptr, 1e-10},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.typed ? c.typed : "untouched");
-        SetLtypeScale(&cad, 1.2345678);
+        SetLtypeScale(&cad, c.start);
         ScriptedUser user;
         QString shown;
         user.Inspect([&](QWidget* w) {
@@ -130,10 +138,20 @@ TEST_F(LtypesDialogTest, GlobalScaleAsTyped) {
         user.Click(ulo::IDOK);
         factory->ShowDlgLtype(nullptr, cad);
         ExpectFinished(user);
-        EXPECT_EQ(shown, Q("1.234568"));
+        if (c.start == kStart) {
+            EXPECT_EQ(shown, Q("1.234568"));
+        }
         EXPECT_EQ(GetLtypeScale(&cad), c.applied);
-        ASSERT_TRUE(cad.Undo());
-        EXPECT_EQ(GetLtypeScale(&cad), 1.2345678);
+        // What the dialog keeps, a drawing file keeps.
+        CVELD reopened;
+        QString error;
+        ASSERT_TRUE(drawingfile::Read(reopened, drawingfile::Write(cad), error))
+            << error.toStdString();
+        EXPECT_EQ(GetLtypeScale(&reopened), c.applied);
+        if (c.applied != c.start) {
+            ASSERT_TRUE(cad.Undo());
+            EXPECT_EQ(GetLtypeScale(&cad), c.start);
+        }
     }
 }
 

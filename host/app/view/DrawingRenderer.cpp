@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <unordered_set>
 
 #include "app/VELD.h"
@@ -110,8 +111,9 @@ QFont textFont(const veld::CStyle* style, double pixelHeight, double widthFactor
         font.setFamily(f->GetName().ToQString());
     else
         font.setStyleHint(QFont::SansSerif);
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixelHeight))));
-    font.setStretch(std::clamp(static_cast<int>(widthFactor * 100), 1, 4000));
+    // Clamped before the conversions: a drawing may hold any finite size.
+    font.setPixelSize(static_cast<int>(std::lround(std::clamp(pixelHeight, 1.0, 1e5))));
+    font.setStretch(static_cast<int>(std::clamp(widthFactor * 100, 1.0, 4000.0)));
     if (style) {
         font.setBold(style->IsBold());
         font.setItalic(style->IsItalic() || style->GetOblique() != 0.0);
@@ -180,8 +182,9 @@ void strokePattern(QPainter& p, const std::vector<QPointF>& pts, const veld::CLt
     double length = 0;
     for (size_t i = 1; i < pts.size(); ++i)
         length += QLineF(pts[i - 1], pts[i]).length();
-    // Too fine to show, or so many repetitions that they would blur: solid.
-    if (total < 3.0 || length / total > 5000) {
+    // Too fine to show, or so many repetitions that they would blur, or too
+    // large to measure: solid.
+    if (!std::isfinite(unit) || !(total >= 3.0) || !(length / total <= 5000)) {
         p.drawPolyline(pts.data(), static_cast<int>(pts.size()));
         return;
     }
@@ -256,10 +259,16 @@ void paintGrid(QPainter& p, CVELD& cad, const CGrid& grid, const ViewTransform& 
     const QRectF reach = area.adjusted(-2, -2, 2, 2);
     const QPointF lo = view.ToMap(reach.bottomLeft());
     const QPointF hi = view.ToMap(reach.topRight());
+    // Points by their number along each axis: far from the base, adding an
+    // interval to a coordinate may not change it, and the walk must end.
+    const double firstE = std::ceil((lo.x() - be) / ge), lastE = std::floor((hi.x() - be) / ge);
+    const double firstN = std::ceil((lo.y() - bn) / gn), lastN = std::floor((hi.y() - bn) / gn);
+    if (!(lastE - firstE < 1e5) || !(lastN - firstN < 1e5))
+        return;  // numbers too large to tell the points apart
     p.setPen(QPen(fromGColor(GetClrGrid(&cad)), 1.5));
-    for (double x = be + std::ceil((lo.x() - be) / ge) * ge; x <= hi.x(); x += ge)
-        for (double y = bn + std::ceil((lo.y() - bn) / gn) * gn; y <= hi.y(); y += gn)
-            p.drawPoint(view.ToScreen(x, y));
+    for (double i = firstE; i <= lastE; ++i)
+        for (double j = firstN; j <= lastN; ++j)
+            p.drawPoint(view.ToScreen(be + i * ge, bn + j * gn));
 }
 
 void paintEntity(QPainter& p, CVELD& cad, const veld::CEnt& e, const ViewTransform& view,
@@ -513,8 +522,9 @@ void Paint(QPainter& p, CVELD& cad, const CGrid& grid, const ViewTransform& view
     // The entities whose box meets the area grown by what may stand outside
     // a box: the margin in pixels and the texts of line types.
     index.Sync(*cad.GetData());
-    const double grow =
-        kMarginPixels / view.zoom + index.PatternReach() * std::fabs(GetLtypeScale(&cad));
+    double grow = kMarginPixels / view.zoom + index.PatternReach() * std::fabs(GetLtypeScale(&cad));
+    if (std::isnan(grow))
+        grow = std::numeric_limits<double>::infinity();  // reaching anywhere
     const QPointF lo = view.ToMap(part.bottomLeft()), hi = view.ToMap(part.topRight());
     const std::vector<std::uint32_t>& found =
         index.Find({lo.x() - grow, lo.y() - grow, hi.x() + grow, hi.y() + grow});
