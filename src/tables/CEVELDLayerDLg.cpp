@@ -211,8 +211,7 @@ void CEVELDLayerDLg::OnEndEditItem(QString text, int item) {
         if (other && other != layer)
             refusal = ids::kLayerNameTaken;
         // A layer may keep the name it came with, even one the rule refuses.
-        if (!veld::is_valid_table_name14(name, false) &&
-            controller_->IsLayerNameChanged(name.c_str()))
+        if (!veld::is_valid_table_name14(name, false) && controller_->IsLayerNameChanged(name))
             refusal = ids::kLayerNameLetters;
     }
     if (refusal) {

@@ -142,14 +142,14 @@ void CLayerLtypeCtrlDlg::DeleteSelLayers() {
         Warn(ids::kLayerNotDeleted);
 }
 
-bool CLayerLtypeCtrlDlg::IsLayerNameChanged(const wchar_t* name) const {
+bool CLayerLtypeCtrlDlg::IsLayerNameChanged(const ulo::WString& name) const {
     if (GetNoSelLayers() != 1)
         return false;
     const ulo::IMemento* memento = layerMementos_.Find(GetSelLayerNo(0));
     if (!memento)
         return true;
     const ulo::WString* before = veld::CLayer::GetMementoName(memento);
-    return !before || before->str() != (name ? name : L"");
+    return !before || *before != name;
 }
 
 // Line types
@@ -251,7 +251,7 @@ void CLayerLtypeCtrlDlg::Commit() {
     }
 
     // Neither a non-positive nor a non-finite scale ever reaches the drawing.
-    if (!(editedScale_ > 0.0) || !std::isfinite(editedScale_))
+    if (!veld::stored::kLtypeScale.Holds(editedScale_))
         editedScale_ = startScale_;
 
     // Made while the host still has the previous current layer and line type.

@@ -18,6 +18,7 @@
 
 #include "ulo/Memento.h"
 #include "ulo/RefCounter.h"
+#include "ulo/WString.h"
 #include "veld/HandleObjectVectorCollection.h"
 
 class CVELD;
@@ -69,8 +70,9 @@ public:
     /// external, not current) and empties the selection.
     void DeleteSelLayers();
     /// Whether @p name is a new name for the one selected layer (always true
-    /// for a layer made during the visit).
-    bool IsLayerNameChanged(const wchar_t* name) const;
+    /// for a layer made during the visit). The whole names compare: a name
+    /// may hold a NUL.
+    bool IsLayerNameChanged(const ulo::WString& name) const;
 
     veld::CLtype* GetSelLtype() const { return selLtype_; }
     void SetSelLtype(veld::CLtype* ltype) { selLtype_ = ltype; }

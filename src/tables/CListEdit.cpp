@@ -23,7 +23,7 @@ void CListEdit::SetKeyb(void* keyboard) {
         const int item = item_;
         item_ = -1;
         hide();
-        owner_->OnEndEditItem(text(), item);
+        owner_->OnEndEditItem(isModified() ? text() : text_, item);
     }
     CCEEditKeybTxt::SetKeyb(keyboard);
 }

@@ -2,7 +2,9 @@
 // CListEdit: the in-place name editor of the layers dialog, a keyboard text
 // edit laid over a list cell. BeginEdit shows the text with the caret at its
 // end; when the keyboard is taken away (the user left the edit, or pressed
-// Return) the editor hides and tells its owner what was typed.
+// Return) the editor hides and tells its owner what was typed, or, when
+// nothing was, the text it was given whole (an edit holds only so many
+// characters of a name).
 #include <QString>
 
 #include "ulo/ctrl/Controls.h"

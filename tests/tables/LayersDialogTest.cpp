@@ -4,6 +4,8 @@
 // filter, and a visit committed as one undo step.
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include <QAbstractItemView>
 #include <QJsonArray>
 #include <QLineEdit>
@@ -245,6 +247,24 @@ TEST_F(LayersDialogTest, RenamingRules) {
             Layer(QString::fromUtf8(c.expected).toStdWString().c_str())->GetName().ToQString(),
             Q(c.expected));
         ASSERT_TRUE(cad.Undo());
+    }
+    // A name the editor cannot hold as it stands (a NUL inside, more
+    // characters than an edit takes), left untouched, is no rename.
+    for (const std::wstring& name : {std::wstring(L"A\0B", 3), std::wstring(1000000, L'Z')}) {
+        SCOPED_TRACE(name.size());
+        Layer(L"SPARE")->SetName(ulo::WString(name));
+        ScriptedUser user;
+        user.Inspect([&](QWidget* w) {
+            user.Tap(kList, RowOf(w, QString::fromStdWString(name)), 0)
+                .Key(kNameEdit, Qt::Key_Return)
+                .Click(ulo::IDOK);
+        });
+        factory->ShowDlgLayer(nullptr, cad);
+        ExpectFinished(user);
+        EXPECT_TRUE(user.Messages().empty());
+        veld::CLayer* kept = cad.GetData()->GetLayerTable().Find(ulo::WString(name));
+        ASSERT_NE(kept, nullptr);
+        kept->SetName(L"SPARE");
     }
 }
 
