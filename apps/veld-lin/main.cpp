@@ -9,9 +9,11 @@
 #include <QStringList>
 #include <cstdio>
 #include <iostream>
+#include <string>
 
 #include "linetypes/LtypeLoader.h"
 #include "veld/Data.h"
+#include "veld/IFile.h"
 
 namespace {
 
@@ -21,8 +23,8 @@ const char* kUsage =
     "  list FILE [--json] [--strict]  the definitions that load\n"
     "  convert IN OUT [--strict]      load IN and save it normalised to OUT\n"
     "A text style the drawing lacks is taken as STANDARD unless --strict is given.\n"
-    "Exit status: 0 clean, 1 definitions rejected, 2 a file could not be opened or a\n"
-    "wrong command line.\n";
+    "Exit status: 0 clean, 1 definitions rejected, 2 a file could not be opened or\n"
+    "read or a wrong command line, 3 convert left definitions out of OUT.\n";
 
 const char* const kReasons[] = {"invalid alignment code",
                                 "invalid characters sequence",
@@ -55,6 +57,39 @@ private:
     veld::CData& data_;
     bool strict_;
 };
+
+/// Why @p loader read nothing from its file, for a message.
+std::string loadFailure(const veld::CLtypeLoader& loader) {
+    using F = veld::CLtypeLoader::LoadFailure;
+    switch (loader.GetLoadFailure()) {
+        case F::NotRegularFile:
+            return "not a regular file";
+        case F::TooLarge:
+            return "larger than " + std::to_string(veld::CLtypeLoader::kMaxFileSize) + " bytes";
+        case F::ReadError:
+            return "read error";
+        case F::CannotOpen:
+        case F::None:
+            break;
+    }
+    return "cannot open";
+}
+
+std::string saveRefusal(veld::CLtypeLoader::SaveRefusal reason) {
+    using R = veld::CLtypeLoader::SaveRefusal;
+    switch (reason) {
+        case R::LineTooLong:
+            return "a line would be longer than " +
+                   std::to_string(veld::CLtypeLoader::kMaxLineLength) + " characters";
+        case R::NotReadable:
+            return "it would not read back as the same line type";
+        case R::NoEightBitForm:
+            return "a character has no 8-bit form; the file ends before it";
+        case R::NotWritten:
+            break;
+    }
+    return "the file could not be written";
+}
 
 int usage(const char* error = nullptr) {
     if (error)
@@ -114,11 +149,14 @@ int main(int argc, char** argv) {
     Reporter reporter(data, strict);
     loader.SetNotifier(&reporter);
     const auto load = [&](const QString& file) {
-        if (loader.Load(file.toStdWString().c_str()) < 0) {
-            std::cerr << "veld-lin: cannot open " << file.toStdString() << "\n";
-            return false;
+        bool read = false;
+        try {
+            read = loader.Load(file.toStdWString().c_str()) == 0;
+        } catch (const veld::IFile::IFileException&) {
         }
-        return true;
+        if (!read)
+            std::cerr << "veld-lin: " << file.toStdString() << ": " << loadFailure(loader) << "\n";
+        return read;
     };
 
     if (command == QLatin1String("check")) {
@@ -159,7 +197,13 @@ int main(int argc, char** argv) {
         if (!load(args[0]))
             return 2;
         loader.Save(args[1].toStdWString().c_str());
-        return reporter.rejected ? 1 : 0;
+        for (unsigned i = 0; i < loader.GetNoUnsaved(); ++i) {
+            const veld::CLtypeLoader::Unsaved u = loader.GetUnsavedNo(i);
+            std::cerr << "veld-lin: " << args[1].toStdString() << ": "
+                      << u.ltype->GetName().ToQString().toStdString()
+                      << " not saved: " << saveRefusal(u.reason) << "\n";
+        }
+        return loader.GetNoUnsaved() ? 3 : (reporter.rejected ? 1 : 0);
     }
     return usage(qPrintable(QStringLiteral("unknown command %1").arg(command)));
 }

@@ -1,16 +1,20 @@
 #include "LtypeLoader.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QFile>
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,11 +43,17 @@ private:
 namespace {
 
 constexpr double kDegToRad = 0.01745329251994;
-constexpr std::size_t kFormatBuffer = 1024;
+// The line reader takes at most kPiece characters at a time. A saved line of
+// up to kPiece characters is therefore read whole: its CR LF, if it does not
+// fit the same piece, comes as a piece of its own, which is blank.
+constexpr std::size_t kPiece = CLtypeLoader::kMaxLineLength;
 // Files are read in blocks of kBlock bytes and written in blocks of at least
 // kWriteBlock bytes.
 constexpr std::size_t kBlock = 64 << 10;
 constexpr std::size_t kWriteBlock = 1 << 20;
+
+/// The file turned out larger than CLtypeLoader::kMaxFileSize while read.
+struct TooLarge {};
 
 /// ISO-8859-1 bytes as wide text: every byte is one character.
 std::wstring widen(std::string_view bytes) {
@@ -51,9 +61,14 @@ std::wstring widen(std::string_view bytes) {
     return std::wstring(p, p + bytes.size());
 }
 
+std::uint64_t bits(double v) {
+    return std::bit_cast<std::uint64_t>(v);
+}
+
 /// Reads a ".lin" file block by block and hands out its lines: pieces of at
-/// most 4095 bytes, comment (";;") and blank lines skipped, every piece
-/// counted. A line lasts until the next one is read.
+/// most kPiece bytes, comment (";;") and blank lines skipped, every piece
+/// counted. A line lasts until the next one is read. Reads no more than
+/// CLtypeLoader::kMaxFileSize bytes: a file that goes on raises TooLarge.
 class CLtypeLineReader {
 public:
     explicit CLtypeLineReader(std::FILE* file)
@@ -77,10 +92,10 @@ private:
     std::string_view ReadPiece() {
         for (;;) {
             const char* from = block_.get() + begin_;
-            const std::size_t span = std::min(end_ - begin_, kMax);
+            const std::size_t span = std::min(end_ - begin_, kPiece);
             if (const void* nl = std::memchr(from, '\n', span))
                 return Take(static_cast<std::size_t>(static_cast<const char*>(nl) + 1 - from));
-            if (span == kMax || eof_) {
+            if (span == kPiece || eof_) {
                 if (span == 0)
                     throw IFile::IFileEOF();
                 return Take(span);
@@ -97,16 +112,23 @@ private:
         end_ -= begin_;
         std::memmove(block_.get(), block_.get() + begin_, end_);
         begin_ = 0;
-        end_ += std::fread(block_.get() + end_, 1, kBlock - end_, file_);
+        // One byte beyond the limit is enough to know the file is too large.
+        const std::size_t want = static_cast<std::size_t>(
+            std::min<unsigned long long>(kBlock - end_, CLtypeLoader::kMaxFileSize + 1 - total_));
+        const std::size_t got = std::fread(block_.get() + end_, 1, want, file_);
         if (std::ferror(file_))
             throw IFile::IFileIOError();
+        end_ += got;
+        total_ += got;
+        if (total_ > CLtypeLoader::kMaxFileSize)
+            throw TooLarge();
         eof_ = std::feof(file_) != 0;
     }
-    static constexpr std::size_t kMax = 4095;
     std::FILE* file_;
     std::unique_ptr<char[]> block_;
     std::size_t begin_ = 0;
     std::size_t end_ = 0;
+    unsigned long long total_ = 0;  // bytes read from the file
     bool eof_ = false;
     unsigned count_ = 0;
 };
@@ -206,16 +228,54 @@ struct FileCloser {
 };
 using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
 
-std::FILE* openFile(const wchar_t* path, const char* mode) {
+QByteArray localPath(const wchar_t* path) {
+    return QFile::encodeName(QString::fromWCharArray(path));
+}
+
+/// Opens a library for reading. What is judged is the file opened, not the
+/// path, so that nothing swapped in between slips through; opening does not
+/// wait for a writer, should the path name a pipe.
+FilePtr openLibrary(const wchar_t* path, CLtypeLoader::LoadFailure& failure) {
+    failure = CLtypeLoader::LoadFailure::CannotOpen;
     if (!path)
         return nullptr;
-    const QByteArray local = QFile::encodeName(QString::fromWCharArray(path));
-    struct stat st {};
-    if (mode[0] == 'r' && (::stat(local.constData(), &st) != 0 || S_ISDIR(st.st_mode)))
+    const int fd =
+        ::open(localPath(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (fd < 0)
         return nullptr;
-    std::FILE* f = std::fopen(local.constData(), mode);
+    struct stat st {};
+    if (::fstat(fd, &st) != 0) {
+        ::close(fd);
+        return nullptr;
+    }
+    if (!S_ISREG(st.st_mode)) {
+        ::close(fd);
+        failure = CLtypeLoader::LoadFailure::NotRegularFile;
+        return nullptr;
+    }
+    if (static_cast<unsigned long long>(st.st_size) > CLtypeLoader::kMaxFileSize) {
+        ::close(fd);
+        failure = CLtypeLoader::LoadFailure::TooLarge;
+        return nullptr;
+    }
+    const int flags = ::fcntl(fd, F_GETFL);
+    std::FILE* f =
+        flags < 0 || ::fcntl(fd, F_SETFL, flags & ~O_NONBLOCK) < 0 ? nullptr : ::fdopen(fd, "rb");
+    if (!f) {
+        ::close(fd);
+        return nullptr;
+    }
+    std::setvbuf(f, nullptr, _IONBF, 0);  // the loader reads whole blocks itself
+    failure = CLtypeLoader::LoadFailure::None;
+    return FilePtr(f);
+}
+
+std::FILE* openForWriting(const wchar_t* path) {
+    if (!path)
+        return nullptr;
+    std::FILE* f = std::fopen(localPath(path).constData(), "wb");
     if (f)
-        std::setvbuf(f, nullptr, _IONBF, 0);  // the loader reads and writes whole blocks itself
+        std::setvbuf(f, nullptr, _IONBF, 0);  // the loader writes whole blocks itself
     return f;
 }
 
@@ -229,8 +289,89 @@ constexpr auto kDigitPairs = [] {
     return pairs;
 }();
 
+/// The shortest text that reads back as exactly @p v ("-0", "1e-7", "4e-320"),
+/// to_chars' shortest digits set as plain digits, a fraction without its
+/// leading 0 (".25") or digits with a power of ten ("15e300"), whichever is
+/// shortest. Some 25 characters at most. @p v is finite.
+std::size_t minimalText(double v, char* out) {
+    char sci[40];
+    const char* const end =
+        std::to_chars(sci, sci + sizeof sci, v, std::chars_format::scientific).ptr;
+    const char* p = sci;
+    char* o = out;
+    if (*p == '-')
+        *o++ = *p++;
+    char digits[20];
+    int n = 0;
+    for (; p < end && *p != 'e'; ++p)
+        if (*p != '.')
+            digits[n++] = *p;
+    int exponent = 0;  // v is d.ddd times 10 to this
+    std::from_chars(p + 1 + (p[1] == '+'), end, exponent);
+    const int m = exponent - (n - 1);  // v is ddd times 10 to this
+
+    char power[8];
+    const int powerLength =
+        static_cast<int>(std::to_chars(power, power + sizeof power, m).ptr - power);
+    const int plainLength = m >= 0 ? n + m : exponent >= 0 ? n + 1 : n - exponent;
+    if (m != 0 && 1 + powerLength < plainLength - n) {
+        o = std::copy(digits, digits + n, o);
+        *o++ = 'e';
+        o = std::copy(power, power + powerLength, o);
+    } else if (m >= 0) {
+        o = std::copy(digits, digits + n, o);
+        o = std::fill_n(o, m, '0');
+    } else if (exponent >= 0) {
+        o = std::copy(digits, digits + exponent + 1, o);
+        *o++ = '.';
+        o = std::copy(digits + exponent + 1, digits + n, o);
+    } else {
+        *o++ = '.';
+        o = std::fill_n(o, -exponent - 1, '0');
+        o = std::copy(digits, digits + n, o);
+    }
+    return static_cast<std::size_t>(o - out);
+}
+
+/// to_chars' shortest text of @p v ("0.1", "1e+55", "-0"), as ulo::ExactText.
+std::size_t exactText(double v, char* out) {
+    return static_cast<std::size_t>(std::to_chars(out, out + 32, v).ptr - out);
+}
+
+/// Whether @p degrees written in a file read back as the rotation @p radians.
+bool readsAsRotation(double degrees, double radians) {
+    return bits(degrees * kDegToRad) == bits(radians);
+}
+
+/// The degrees to write for a rotation of @p radians: the double nearest
+/// radians / kDegToRad that reads back as @p radians and has the shortest
+/// text by @p length; radians / kDegToRad itself when none does (only a
+/// rotation that came from no file can be such). Every rotation read from a
+/// file is some degrees times kDegToRad, and those degrees lie within a few
+/// steps of the quotient (within some sixty for the subnormal ones).
+template <class Length>
+double degreesFor(double radians, const Length& length) {
+    const double guess = radians / kDegToRad;
+    std::optional<double> best;
+    std::size_t bestLength = 0;
+    const auto consider = [&](double t) {
+        if (!readsAsRotation(t, radians))
+            return;
+        const std::size_t l = length(t);
+        if (!best || l < bestLength)
+            best = t, bestLength = l;
+    };
+    consider(guess);
+    double down = guess, up = guess;
+    for (int i = 0; i < 64; ++i) {
+        consider(down = std::nextafter(down, -HUGE_VAL));
+        consider(up = std::nextafter(up, HUGE_VAL));
+    }
+    return best.value_or(guess);
+}
+
 /// Gathers the saved lines as 8-bit text and writes them a block at a time.
-/// A line holding a character above 255 is not written.
+/// What is put can be taken back up to the last Commit.
 class CLtypeLineWriter {
 public:
     explicit CLtypeLineWriter(std::FILE* file)
@@ -238,6 +379,9 @@ public:
           buf_(std::make_unique_for_overwrite<char[]>(kWriteBlock + kBlock)),
           room_(kWriteBlock + kBlock) {}
     std::size_t Size() const { return size_; }
+    /// Where the first character above 255 put since the last Commit is, or
+    /// npos.
+    std::size_t FirstWide() const { return wide_; }
     void Put(std::string_view s) {
         std::memcpy(Room(s.size()), s.data(), s.size());
         size_ += s.size();
@@ -250,48 +394,64 @@ public:
             p[i] = static_cast<char>(s[i]);
         }
         const auto above = [](wchar_t c) { return static_cast<unsigned long>(c) > 255; };
-        if (above(all) && bad_ == kNone)
-            bad_ = size_ +
-                   static_cast<std::size_t>(std::find_if(s.begin(), s.end(), above) - s.begin());
+        if (above(all) && wide_ == kNone)
+            wide_ = size_ +
+                    static_cast<std::size_t>(std::find_if(s.begin(), s.end(), above) - s.begin());
         size_ += s.size();
     }
-    /// A pattern element's value: six decimals, trailing zeros dropped, as
-    /// ulo::WString::ValueOf(v, 6) writes it.
-    void PutElement(double v) { PutFixed(v, true); }
-    /// A text element's value: six decimals as "%f" writes them, but
-    /// magnitudes where six decimals add nothing in their shortest exact form
-    /// ("1e+55"), so every value reads back the same and four of them stay far
-    /// below the element's 1024 characters.
-    void PutTextValue(double v) {
-        if (std::fabs(v) >= 1e15)
-            Put(ulo::ExactText(v));
-        else
-            PutFixed(v, false);
+    /// Takes back what was put from @p to on.
+    void Rewind(std::size_t to) {
+        size_ = to;
+        if (wide_ != kNone && wide_ >= to)
+            wide_ = kNone;
     }
-    /// Cuts what was put from @p from on to the formatting buffer (1023
-    /// characters).
-    void Limit(std::size_t from) {
-        size_ = std::min(size_, from + kFormatBuffer - 1);
-        if (bad_ >= size_)
-            bad_ = kNone;
-    }
-    /// Ends the line. False when it cannot be written (it is dropped) or a
-    /// block write failed: nothing more is to be written then.
-    bool EndLine() {
-        if (bad_ != kNone) {
-            size_ = line_;
-            return false;
+
+    /// A pattern element's value as ulo::WString::ValueOf(v, 6) writes it (six
+    /// decimals, trailing zeros dropped) when that reads back as v, else its
+    /// shortest exact text ("1e-07", "0.30000000000000004", "-0").
+    void PutElement(double v) { PutSixOrExact(v, true); }
+    /// A text element's value: six decimals as "%f" writes them when they read
+    /// back as v, else its shortest exact text.
+    void PutTextValue(double v) { PutSixOrExact(v, false); }
+    /// A rotation of @p radians in degrees, as PutTextValue writes them.
+    void PutRotation(double radians) {
+        const double guess = radians / kDegToRad;
+        if (std::fabs(guess) < 1e15) {
+            const std::size_t from = size_;
+            if (readsAsRotation(PutFixed(guess, false), radians))
+                return;
+            Rewind(from);
         }
-        Put("\r\n");
+        char text[32];
+        Put(std::string_view(
+            text,
+            exactText(degreesFor(radians, [&](double t) { return exactText(t, text); }), text)));
+    }
+    /// The shortest text that reads back as @p v.
+    void PutMinimal(double v) { size_ += minimalText(v, Room(32)); }
+    /// A rotation of @p radians in the shortest degrees that read back as it.
+    void PutMinimalRotation(double radians) {
+        char text[32];
+        PutMinimal(degreesFor(radians, [&](double t) { return minimalText(t, text); }));
+    }
+
+    /// Ends the line.
+    void EndLine() { Put("\r\n"); }
+    /// What was put so far is to be written; false when a block write failed.
+    bool Commit() {
         line_ = size_;
         return line_ < kWriteBlock || Flush();
     }
-    /// Writes the ended lines; false when the write fails.
+    /// Writes what was committed; false when the write fails.
     bool Flush() {
         const bool ok = std::fwrite(buf_.get(), 1, line_, file_) == line_;
-        size_ = line_ = 0;
+        std::memmove(buf_.get(), buf_.get() + line_, size_ - line_);
+        size_ -= line_;
+        line_ = 0;
         return ok;
     }
+    /// Whether nothing committed waits to be written.
+    bool Written() const { return line_ == 0; }
 
 private:
     static constexpr std::size_t kNone = std::string::npos;
@@ -307,16 +467,29 @@ private:
         return buf_.get() + size_;
     }
 
-    /// @p v as ulo::CStringDaDouble(v, 0, 6) writes it, or trimmed as
-    /// ulo::WString::ValueOf(v, 6). Below 2^32, m = v * 10^6 rounded is
-    /// within a quarter of the exact product: a whole m is v's six-decimal
-    /// rounding in millionths, written with integer digits. Most values are
-    /// such; the others take the toolkit's way.
-    void PutFixed(double v, bool trim) {
+    void PutSixOrExact(double v, bool trim) {
+        if (std::fabs(v) < 1e15) {
+            const std::size_t from = size_;
+            if (bits(PutFixed(v, trim)) == bits(v))
+                return;
+            Rewind(from);
+        }
+        size_ += exactText(v, Room(32));
+    }
+
+    /// Puts @p v as ulo::CStringDaDouble(v, 0, 6) writes it, or trimmed as
+    /// ulo::WString::ValueOf(v, 6), and returns what that text reads back
+    /// as. Below 2^32, m = v * 10^6 rounded is within a quarter of the exact
+    /// product: a whole m is v's six-decimal rounding in millionths, written
+    /// with integer digits and read back as m / 10^6. Most values are such;
+    /// the others take the toolkit's way.
+    double PutFixed(double v, bool trim) {
         const double m = v * 1e6;
         if (!(std::fabs(v) < 0x1p32 && m == std::trunc(m))) {
-            Put(trim ? ulo::WString::ValueOf(v, 6).str() : ulo::CStringDaDouble(v, 0, 6).str());
-            return;
+            const ulo::WString text =
+                trim ? ulo::WString::ValueOf(v, 6) : ulo::CStringDaDouble(v, 0, 6);
+            Put(text.str());
+            return ulo::ScanNumber(text.str()).value;
         }
         const auto u = static_cast<std::uint64_t>(std::fabs(m));
         char* const start = Room(32);
@@ -335,53 +508,158 @@ private:
                 --p;
         }
         size_ += static_cast<std::size_t>(p - start);
+        const double back = static_cast<double>(u) / 1e6;
+        return v < 0 ? -back : back;
     }
 
     std::FILE* file_;
     std::unique_ptr<char[]> buf_;
     std::size_t room_;
     std::size_t size_ = 0;
-    std::size_t line_ = 0;     // where the line being put starts
-    std::size_t bad_ = kNone;  // its first character above 255
+    std::size_t line_ = 0;      // the end of what is committed
+    std::size_t wide_ = kNone;  // the first character above 255 not committed
 };
 
-/// Puts @p ltype's two lines; false when nothing more is to be written.
-bool writeLtype(CLtypeLineWriter& out, const CLtype& ltype) {
-    const std::size_t line = out.Size();
-    out.Put("*");
-    out.Put(ltype.GetName().str());
-    out.Put(",");
-    out.Put(ltype.GetDesc().str());
-    out.Limit(line);
-    if (!out.EndLine())
+bool endsInBlank(const std::wstring& s) {
+    return !s.empty() &&
+           (s.back() == L' ' || s.back() == L'\t' || s.back() == L'\r' || s.back() == L'\n');
+}
+
+/// Whether Load would read @p ltype's lines, as Save writes them and
+/// however long they are, as the same line type: the same name,
+/// description, elements, values, texts and style names.
+bool readsBack(const CLtype& ltype) {
+    const std::wstring& name = ltype.GetName().str();
+    const std::wstring& desc = ltype.GetDesc().str();
+    // The name ends at the first ","; a line end ends the line; the reader
+    // drops trailing blanks.
+    if (name.find_first_of(L",\n") != std::wstring::npos ||
+        desc.find(L'\n') != std::wstring::npos || endsInBlank(desc))
         return false;
+    const unsigned n = ltype.GetNoDashes();
+    if (n < 2)
+        return false;
+    for (unsigned k = 0; k < n; ++k) {
+        const ILtypeComplexDash* dash = ltype.GetDash(k);
+        if (dash->IsDouble()) {
+            const double v = dash->GetDouble();
+            if (!std::isfinite(v) || (k == 0 && v < 0))
+                return false;
+            continue;
+        }
+        if (k == 0)
+            return false;
+        const TEXT_3D* t = dash->GetText();
+        const std::wstring& text = t->GetContext().GetString().str();
+        const CStyle* style = t->GetStyle();
+        // The text ends at the first ","; the style name at the first "," or
+        // "]".
+        if (text.empty() || text.find_first_of(L",\n") != std::wstring::npos || !style ||
+            style->GetName().IsEmpty() ||
+            style->GetName().str().find_first_of(L",]\n") != std::wstring::npos)
+            return false;
+        const double rotation = t->GetContext().GetRotate();
+        if (!std::isfinite(t->GetContext().GetHeight()) || !std::isfinite(rotation) ||
+            !std::isfinite(rotation / kDegToRad) || !std::isfinite(t->GetPoint().x) ||
+            !std::isfinite(t->GetPoint().y))
+            return false;
+    }
+    return true;
+}
+
+/// Puts the pattern line of @p ltype (without its line end). In full, each
+/// text element holds its four values; compact, it holds only those a text
+/// element read without them would not have, and every number is in its
+/// shortest text.
+void putPattern(CLtypeLineWriter& out, const CLtype& ltype, bool compact) {
     out.Put("A");
     for (unsigned k = 0; k < ltype.GetNoDashes(); ++k) {
         const ILtypeComplexDash* dash = ltype.GetDash(k);
         out.Put(",");
         if (dash->IsDouble()) {
-            out.PutElement(dash->GetDouble());
+            if (compact)
+                out.PutMinimal(dash->GetDouble());
+            else
+                out.PutElement(dash->GetDouble());
             continue;
         }
         const TEXT_3D* t = dash->GetText();
-        const std::size_t from = out.Size();
         out.Put("[\"");
         out.Put(t->GetContext().GetString().str());
         out.Put("\",");
-        if (const CStyle* style = t->GetStyle())
-            out.Put(style->GetName().str());
-        out.Put(",S=");
-        out.PutTextValue(t->GetContext().GetHeight());
-        out.Put(",R=");
-        out.PutTextValue(t->GetContext().GetRotate() / kDegToRad);
-        out.Put(",X=");
-        out.PutTextValue(t->GetPoint().x);
-        out.Put(",Y=");
-        out.PutTextValue(t->GetPoint().y);
+        out.Put(t->GetStyle()->GetName().str());
+        const double height = t->GetContext().GetHeight();
+        const double rotation = t->GetContext().GetRotate();
+        const ulo::geom::PNT_3D& p = t->GetPoint();
+        if (!compact) {
+            out.Put(",S=");
+            out.PutTextValue(height);
+            out.Put(",R=");
+            out.PutRotation(rotation);
+            out.Put(",X=");
+            out.PutTextValue(p.x);
+            out.Put(",Y=");
+            out.PutTextValue(p.y);
+        } else {
+            // A text element read without keys has height 1, rotation 0 and
+            // the point (0, 0).
+            const auto key = [&](const char* prefix, double v, double unset) {
+                if (bits(v) == bits(unset))
+                    return false;
+                out.Put(prefix);
+                return true;
+            };
+            if (key(",S=", height, 1.0))
+                out.PutMinimal(height);
+            if (key(",R=", rotation, 0.0))
+                out.PutMinimalRotation(rotation);
+            if (key(",X=", p.x, 0.0))
+                out.PutMinimal(p.x);
+            if (key(",Y=", p.y, 0.0))
+                out.PutMinimal(p.y);
+        }
         out.Put("]");
-        out.Limit(from);
     }
-    return out.EndLine();
+}
+
+enum class Put { Done, TooLong, Wide };
+
+/// Puts @p ltype's two lines, readsBack(ltype) given: the pattern line in
+/// full, or compact when in full it would not fit a piece; the header
+/// without its "," when the description is empty and the "," would not fit
+/// (it reads the same). A definition whose lines do not fit even so is taken
+/// back (TooLong). At a character above 255 the file ends: a header line
+/// before it stays, as a line written before a failing one does.
+Put putLtype(CLtypeLineWriter& out, const CLtype& ltype) {
+    const std::size_t start = out.Size();
+    const std::wstring& name = ltype.GetName().str();
+    const std::wstring& desc = ltype.GetDesc().str();
+    const bool comma = desc.size() + name.size() + 2 <= kPiece;
+    if (!comma && !(desc.empty() && name.size() + 1 <= kPiece && !endsInBlank(name)))
+        return Put::TooLong;
+    out.Put("*");
+    out.Put(name);
+    if (comma) {
+        out.Put(",");
+        out.Put(desc);
+    }
+    out.EndLine();
+    const std::size_t pattern = out.Size();
+    putPattern(out, ltype, false);
+    if (out.Size() - pattern > kPiece) {
+        out.Rewind(pattern);
+        putPattern(out, ltype, true);
+        if (out.Size() - pattern > kPiece) {
+            out.Rewind(start);
+            return Put::TooLong;
+        }
+    }
+    out.EndLine();
+    if (const std::size_t wide = out.FirstWide(); wide != std::string::npos) {
+        out.Rewind(wide < pattern ? start : pattern);
+        return Put::Wide;
+    }
+    return Put::Done;
 }
 
 }  // namespace
@@ -396,10 +674,15 @@ struct CLtypeLoader::Private {
     // throughout, so most lookups end here.
     std::string lastStyleName;
     CStyle* lastStyle = nullptr;
+    LoadFailure loadFailure = LoadFailure::None;
+    // The line types the last Save did not write; they are held here too,
+    // so that a Remove after the Save leaves nothing dangling.
+    std::vector<std::pair<ulo::RefPtr<CLtype>, SaveRefusal>> unsaved;
 
     CStyle* FindStyle(std::string_view name);
     CLtypeComplexDashSeq Parse(const ulo::WString& name, std::string_view line);
     int Read(std::FILE* file, const wchar_t* path);
+    void Write(std::FILE* file);
 };
 
 CStyle* CLtypeLoader::Private::FindStyle(std::string_view name) {
@@ -519,6 +802,49 @@ int CLtypeLoader::Private::Read(std::FILE* file, const wchar_t* path) {
     }
 }
 
+void CLtypeLoader::Private::Write(std::FILE* file) {
+    // What became of each held line type: written when it has no refusal.
+    std::vector<std::optional<SaveRefusal>> refusal(ltypes.size());
+    const auto notWritten = [&](std::size_t from, std::size_t to) {
+        for (std::size_t i = from; i < to; ++i)
+            if (!refusal[i])
+                refusal[i] = SaveRefusal::NotWritten;
+    };
+    if (!file) {
+        notWritten(0, ltypes.size());
+    } else {
+        CLtypeLineWriter out(file);
+        std::size_t waiting = 0;  // the first line type whose lines wait in the buffer
+        std::size_t i = 0;
+        bool ok = true;
+        for (; ok && i < ltypes.size(); ++i) {
+            if (!readsBack(*ltypes[i])) {
+                refusal[i] = SaveRefusal::NotReadable;
+                continue;
+            }
+            const Put put = putLtype(out, *ltypes[i]);
+            if (put == Put::TooLong) {
+                refusal[i] = SaveRefusal::LineTooLong;
+                continue;
+            }
+            if (put == Put::Wide)
+                refusal[i] = SaveRefusal::NoEightBitForm, ok = false;
+            if (!out.Commit()) {
+                notWritten(waiting, i + 1);
+                ok = false;
+            } else if (out.Written()) {
+                waiting = i + 1;
+            }
+        }
+        if (!out.Flush())
+            notWritten(waiting, i);
+        notWritten(i, ltypes.size());
+    }
+    for (std::size_t i = 0; i < ltypes.size(); ++i)
+        if (refusal[i])
+            unsaved.emplace_back(ltypes[i], *refusal[i]);
+}
+
 CLtypeLoader::CLtypeLoader(const CStyleTable* styles, CObjectFactory* factory)
     : d(std::make_unique<Private>(styles, factory)) {}
 
@@ -526,22 +852,32 @@ CLtypeLoader::~CLtypeLoader() = default;
 
 int CLtypeLoader::Load(const wchar_t* path) {
     d->ltypes.clear();
+    d->unsaved.clear();
     d->lastStyle = nullptr;  // the table or the notifier may answer otherwise now
-    FilePtr file(openFile(path, "rb"));
-    const int result = file ? d->Read(file.get(), path) : -1;
+    FilePtr file = openLibrary(path, d->loadFailure);
+    if (!file)
+        return -1;
+    int result = 0;
+    try {
+        result = d->Read(file.get(), path);
+    } catch (const TooLarge&) {
+        // Grown past the limit while read: as if it had been that large when
+        // opened.
+        d->ltypes.clear();
+        d->loadFailure = LoadFailure::TooLarge;
+        result = -1;
+    } catch (const IFile::IFileIOError&) {
+        d->loadFailure = LoadFailure::ReadError;
+        throw;
+    }
     d->ltypes.shrink_to_fit();  // a library is loaded once, then only read
     return result;
 }
 
 void CLtypeLoader::Save(const wchar_t* path) {
-    FilePtr file(openFile(path, "wb"));
-    if (!file)
-        return;
-    CLtypeLineWriter out(file.get());
-    for (const auto& ltype : d->ltypes)
-        if (!writeLtype(out, *ltype))
-            break;
-    out.Flush();  // the lines ended so far; the rest is not written
+    d->unsaved.clear();
+    const FilePtr file(openForWriting(path));
+    d->Write(file.get());
 }
 
 unsigned CLtypeLoader::GetNoLtypes() const {
@@ -564,6 +900,20 @@ void CLtypeLoader::Remove(CLtype* ltype) {
 }
 void CLtypeLoader::SetNotifier(IErrorNotifier* notifier) {
     d->notifier = notifier;
+}
+
+CLtypeLoader::LoadFailure CLtypeLoader::GetLoadFailure() const {
+    return d->loadFailure;
+}
+
+unsigned CLtypeLoader::GetNoUnsaved() const {
+    return static_cast<unsigned>(d->unsaved.size());
+}
+
+CLtypeLoader::Unsaved CLtypeLoader::GetUnsavedNo(unsigned index) const {
+    if (index >= d->unsaved.size())
+        return {nullptr, SaveRefusal::NotWritten};
+    return {d->unsaved[index].first.get(), d->unsaved[index].second};
 }
 
 }  // namespace veld

@@ -11,6 +11,8 @@
 #include <clocale>
 #include <string>
 
+#include <sys/stat.h>
+
 namespace {
 
 struct ToolRun {
@@ -26,7 +28,7 @@ QString commaLocale() {
     return italian ? QStringLiteral("it_IT.UTF-8") : QString();
 }
 
-ToolRun veldLin(const QStringList& args) {
+ToolRun veldLin(const QStringList& args, int timeoutMs = 60000) {
     QProcess p;
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     if (const QString locale = commaLocale(); !locale.isEmpty())
@@ -34,8 +36,8 @@ ToolRun veldLin(const QStringList& args) {
     p.setProcessEnvironment(env);
     p.start(QStringLiteral(VELD_LIN_EXE), args);
     ToolRun r;
-    if (!p.waitForFinished(60000))
-        return r;
+    if (!p.waitForFinished(timeoutMs))
+        return r;  // the process is killed with p
     r.status = p.exitCode();
     r.out = p.readAllStandardOutput();
     r.err = p.readAllStandardError();
@@ -58,12 +60,18 @@ TEST(VeldLin, ConvertWritesTheCNotationAndRoundTripsExactly) {
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write(
         "*D,dashes, dots\nA,1.5,-0.25, -0.25,+0.5,0\n"
-        "*T\nA,1,[\"G\",STANDARD,S=2.5,R=90,X=-1,Y=1e55],-1\n");
+        "*T\nA,1,[\"G\",STANDARD,S=2.5,R=90,X=-1,Y=1e55],-1\n"
+        "*X\nA,4e-320,5e-324,[\"G\",STANDARD,S=4e-320,R=4e-320,X=2.2e-308,Y=0.1],1e-7,"
+        "0.1000000000000001\n");
     f.close();
     ASSERT_EQ(veldLin({QStringLiteral("convert"), in, once}).status, 0);
+    // Six decimals where they read back as the same number, else the
+    // shortest text that does.
     EXPECT_EQ(readAll(once),
               QByteArray("*D,dashes, dots\r\nA,1.5,-0.25,-0.25,0.5,0\r\n*T,\r\n"
-                         "A,1,[\"G\",STANDARD,S=2.500000,R=90.000000,X=-1.000000,Y=1e+55],-1\r\n"));
+                         "A,1,[\"G\",STANDARD,S=2.500000,R=90.000000,X=-1.000000,Y=1e+55],-1\r\n"
+                         "*X,\r\nA,4e-320,5e-324,[\"G\",STANDARD,S=4e-320,R=4e-320,X=2.2e-308,"
+                         "Y=0.100000],1e-07,0.1000000000000001\r\n"));
     ASSERT_EQ(veldLin({QStringLiteral("convert"), once, twice}).status, 0);
     EXPECT_EQ(readAll(twice), readAll(once));
 }
@@ -83,4 +91,53 @@ TEST(VeldLin, ListingIsAloneOnStandardOutput) {
     ASSERT_EQ(doc.array().size(), 1);
     EXPECT_EQ(doc.array().at(0)[QStringLiteral("elements")].toArray().at(0).toDouble(), 0.5);
     EXPECT_TRUE(r.err.contains("Definition of BAD is not correct on line 2")) << r.err.constData();
+}
+
+TEST(VeldLin, ALibraryThatIsNotARegularFileOrIsTooLargeIsNamedWithTheReason) {
+    QTemporaryDir dir;
+    const QString fifo = dir.filePath(QStringLiteral("fifo.lin"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    const QString zero = dir.filePath(QStringLiteral("zero.lin"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), zero));
+    const QString big = dir.filePath(QStringLiteral("big.lin"));
+    {
+        QFile f(big);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("*OK\nA,1,-1\n");
+        ASSERT_TRUE(f.resize((qint64{64} << 20) + 1));  // a hole: nothing is written
+    }
+    const struct {
+        QString file;
+        const char* reason;
+    } cases[] = {
+        {fifo, "not a regular file"},
+        {QStringLiteral("/dev/zero"), "not a regular file"},
+        {zero, "not a regular file"},
+        {QStringLiteral("/dev/urandom"), "not a regular file"},
+        {big, "larger than 67108864 bytes"},
+        // A regular file that fails part way: the tool's own memory, unreadable at 0.
+        {QStringLiteral("/proc/self/mem"), "read error"},
+    };
+    for (const auto& c : cases) {
+        const ToolRun r = veldLin({QStringLiteral("check"), c.file}, 20000);
+        EXPECT_EQ(r.status, 2) << c.file.toStdString();
+        EXPECT_EQ(r.err, "veld-lin: " + c.file.toUtf8() + ": " + c.reason + "\n");
+    }
+}
+
+TEST(VeldLin, ConvertNamesTheDefinitionsItLeavesOut) {
+    // A style the drawing lacks is written as STANDARD: 7 characters more for
+    // each of these 500 text elements, past the 4095 a line may hold.
+    QTemporaryDir dir;
+    const QString in = dir.filePath(QStringLiteral("in.lin"));
+    const QString out = dir.filePath(QStringLiteral("out.lin"));
+    QFile f(in);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("*GROWS\nA,1" + QByteArray(",[\"g\",X]").repeated(500) + "\n*KEEP\nA,1,-1\n");
+    f.close();
+    const ToolRun r = veldLin({QStringLiteral("convert"), in, out});
+    EXPECT_EQ(r.status, 3);
+    EXPECT_EQ(r.err, "veld-lin: " + out.toUtf8() +
+                         ": GROWS not saved: a line would be longer than 4095 characters\n");
+    EXPECT_EQ(readAll(out), QByteArray("*KEEP,\r\nA,1,-1\r\n"));
 }

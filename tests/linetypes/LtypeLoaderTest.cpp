@@ -5,14 +5,21 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <bit>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <functional>
+#include <future>
+#include <limits>
 #include <string>
 #include <vector>
 
 #include "linetypes/LtypeLoader.h"
 #include "ulo/NumberText.h"
+#include "ulo/RefCounter.h"
 #include "ulo/SpecialFolder.h"
 #include "veld/Data.h"
 #include "veld/IFile.h"
@@ -214,18 +221,20 @@ TEST_F(LoaderTest, DecimalsOfEveryLengthReadAsTheToolkitReadsThem) {
     Load(file);
     ASSERT_EQ(loader.GetNoLtypes(), texts.size());
     for (unsigned i = 0; i < texts.size(); ++i) {
-        const double expected =
-            ulo::ScanNumber(std::wstring(texts[i].begin(), texts[i].end())).value;
+        veld::CLtypeComplexDashSeq kept;  // the number as the model keeps it
+        kept.AddDashDouble(ulo::ScanNumber(std::wstring(texts[i].begin(), texts[i].end())).value);
+        const double expected = kept.GetDash(0)->GetDouble();
         EXPECT_EQ(std::bit_cast<std::uint64_t>(loader.GetLtypeNo(i)->GetDash(1)->GetDouble()),
                   std::bit_cast<std::uint64_t>(expected))
             << texts[i];
     }
 }
 
-TEST_F(LoaderTest, SavedNumbersAreTheToolkitsTexts) {
+TEST_F(LoaderTest, SavedNumbersAreTheToolkitsTextsWhenTheseReadBackExactly) {
     // Pattern elements as ulo::WString::ValueOf(v, 6) writes them; text values
-    // as ulo::CStringDaDouble(v, 0, 6), or their shortest exact form from
-    // 1e15 on.
+    // as ulo::CStringDaDouble(v, 0, 6); but below 1e15 only, and only when
+    // that text reads back as the very same double: else in their shortest
+    // exact form.
     std::vector<double> values = {0.0,
                                   -0.0,
                                   0.5,
@@ -263,18 +272,24 @@ TEST_F(LoaderTest, SavedNumbersAreTheToolkitsTexts) {
         values.push_back(millionths * 1e-3 / 7);
     }
     const auto narrow = [](const std::wstring& w) { return std::string(w.begin(), w.end()); };
+    const auto exactOr = [&](const ulo::WString& six, double v) {
+        const bool same =
+            std::fabs(v) < 1e15 && std::bit_cast<std::uint64_t>(ulo::ScanNumber(six.str()).value) ==
+                                       std::bit_cast<std::uint64_t>(v);
+        return narrow(same ? six.str() : ulo::ExactText(v));
+    };
     std::vector<std::string> expected;
-    for (const double v : values) {
-        const std::string text =
-            narrow(std::fabs(v) >= 1e15 ? ulo::ExactText(v) : ulo::CStringDaDouble(v, 0, 6).str());
-        expected.push_back("A,1," + narrow(ulo::WString::ValueOf(v, 6).str()) +
-                           ",[\"T\",STANDARD,S=" + text + ",R=0.000000,X=" + text + ",Y=" + text +
-                           "]");
+    for (const double value : values) {
         veld::CLtypeComplexDashSeq dashes;
         dashes.AddDashDouble(1);
-        dashes.AddDashDouble(v);
-        dashes.AddDashText(veld::TEXT_3D(L"T", data.GetStyleTable().GetStyleStandard(), v, 0, 1, 0,
-                                         {v, v, 0}, 0, 0));
+        dashes.AddDashDouble(value);
+        dashes.AddDashText(veld::TEXT_3D(L"T", data.GetStyleTable().GetStyleStandard(), value, 0, 1,
+                                         0, {value, value, 0}, 0, 0));
+        const double v = dashes.GetDash(1)->GetDouble();  // as the model keeps it
+        const std::string text = exactOr(ulo::CStringDaDouble(v, 0, 6), v);
+        expected.push_back("A,1," + exactOr(ulo::WString::ValueOf(v, 6), v) +
+                           ",[\"T\",STANDARD,S=" + text + ",R=0.000000,X=" + text + ",Y=" + text +
+                           "]");
         veld::CLtype* ltype = data.GetObjectFactory()->CreateLtype(L"V", L"", dashes, 0, 0);
         loader.Add(ltype);
         ltype->SubReference();
@@ -284,25 +299,6 @@ TEST_F(LoaderTest, SavedNumbersAreTheToolkitsTexts) {
     for (std::size_t i = 0; i < values.size(); ++i)
         EXPECT_EQ(lines[static_cast<qsizetype>(2 * i + 1)].toStdString(), expected[i] + "\r")
             << std::bit_cast<std::uint64_t>(values[i]);
-}
-
-TEST_F(LoaderTest, HeadersAndTextElementsAreCutTo1023CharactersWhenSaved) {
-    // A character with no 8-bit form beyond the cut is not written, so it
-    // does not stop the save.
-    const std::wstring desc = std::wstring(1100, L'd') + L"\u20ac";
-    veld::CLtypeComplexDashSeq dashes;
-    dashes.AddDashDouble(1);
-    dashes.AddDashText(veld::TEXT_3D(std::wstring(1100, L't'),
-                                     data.GetStyleTable().GetStyleStandard(), 1, 0, 1, 0,
-                                     ulo::geom::PNT_3D::Origin, 0, 0));
-    const veld::CObjectFactory* factory = data.GetObjectFactory();
-    for (veld::CLtype* ltype : {factory->CreateLtype(L"LONG", desc, dashes, 0, 0),
-                                factory->CreateLtype(L"NEXT", L"", {}, 0, 0)}) {
-        loader.Add(ltype);
-        ltype->SubReference();
-    }
-    EXPECT_EQ(Save(), "*LONG," + QByteArray(1017, 'd') + "\r\nA,1,[\"" + QByteArray(1021, 't') +
-                          "\r\n*NEXT,\r\nA\r\n");
 }
 
 TEST_F(LoaderTest, LinesAcrossTheReadBlocksCountAsInASmallFile) {
@@ -366,24 +362,6 @@ TEST_F(LoaderTest, LongLinesCountAsSeveralPieces) {
     EXPECT_EQ(rec.reports[0].line, 4u);  // 4095 + 908 bytes: two pieces, then two lines
 }
 
-// The saved notation and a round trip through it: tests/apps (veld-lin convert).
-TEST_F(LoaderTest, HugeTextValuesReadBackTheSame) {
-    // Six decimals of 1e300 take 307 characters; four such values would not
-    // fit the element's 1024, and a cut value reads back as another number.
-    Load("*BIG\nA,1,[\"B\",STANDARD,S=1e55,R=-2e300,X=-1e300,Y=123456789012345678],-1\n");
-    ASSERT_EQ(loader.GetNoLtypes(), 1u);
-    const QByteArray bytes = Save();
-    EXPECT_LT(bytes.indexOf(']') - bytes.indexOf('['), 1024) << bytes.constData();
-    ASSERT_EQ(again.Load(saved.c_str()), 0);
-    ASSERT_EQ(again.GetNoLtypes(), 1u);
-    const veld::TEXT_3D* a = loader.GetLtypeNo(0)->GetDash(1)->GetText();
-    const veld::TEXT_3D* b = again.GetLtypeNo(0)->GetDash(1)->GetText();
-    EXPECT_EQ(b->GetContext().GetHeight(), a->GetContext().GetHeight());
-    EXPECT_DOUBLE_EQ(b->GetContext().GetRotate(), a->GetContext().GetRotate());
-    EXPECT_EQ(b->GetPoint().x, a->GetPoint().x);
-    EXPECT_EQ(b->GetPoint().y, a->GetPoint().y);
-}
-
 TEST_F(LoaderTest, EightBitCharactersRoundTripAndSaveStopsAtOneWithNoEightBitForm) {
     Load("*CAF\xc9,Caf\xe9 \xb0\nA,1,-1\n");
     ASSERT_EQ(loader.GetNoLtypes(), 1u);
@@ -413,4 +391,289 @@ TEST_F(LoaderTest, TheDefaultLibraryLoadsWithoutRejectedDefinitions) {
     ASSERT_EQ(loader.Load(path.c_str()), 0) << path.ToQString().toStdString();
     EXPECT_TRUE(rec.reports.empty());
     EXPECT_GE(loader.GetNoLtypes(), 30u);
+}
+
+namespace {
+
+/// Load(@p path), ending the whole run if it does not return within half a
+/// minute: a hung load must fail, not stall the suite.
+int loadPromptly(CLtypeLoader& loader, const std::wstring& path) {
+    auto result = std::async(std::launch::async, [&] { return loader.Load(path.c_str()); });
+    if (result.wait_for(std::chrono::seconds(30)) != std::future_status::ready) {
+        std::fprintf(stderr, "Load(%ls) did not return\n", path.c_str());
+        std::_Exit(1);
+    }
+    return result.get();
+}
+
+bool makeFile(const QString& path, const QByteArray& bytes, qint64 size = -1) {
+    QFile f(path);
+    return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size() &&
+           (size < 0 || f.resize(size));  // the rest of a resized file is a hole
+}
+
+}  // namespace
+
+TEST_F(LoaderTest, ALibraryThatIsNotARegularFileOrIsTooLargeLoadsNothingAtOnce) {
+    using F = CLtypeLoader::LoadFailure;
+    constexpr auto kLimit = static_cast<qint64>(CLtypeLoader::kMaxFileSize);
+    const QString fifo = dir.filePath(QStringLiteral("fifo.lin"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    const QString zero = dir.filePath(QStringLiteral("zero.lin"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), zero));
+    const QString over = dir.filePath(QStringLiteral("over.lin"));
+    ASSERT_TRUE(makeFile(over, "*OK\nA,1,-1\n", kLimit + 1));
+    const QString full = dir.filePath(QStringLiteral("full.lin"));
+    ASSERT_TRUE(makeFile(full, "*OK\nA,1,-1\n", kLimit));
+    // Past the first block the reader takes, a bad definition makes the file
+    // grow beyond the limit while it is being read.
+    const QString grows = dir.filePath(QStringLiteral("grows.lin"));
+    ASSERT_TRUE(makeFile(grows, "*OK\nA,1,-1\n*BAD\nA,-1,1\n" + QByteArray(100000, '\n')));
+    struct Growing : Recorder {
+        QString file;
+        void NotifyLoadError(const ulo::WString&, unsigned, const ulo::WString&, int) override {
+            if (!file.isEmpty())
+                QFile::resize(file, kLimit + 1);
+        }
+    } growing;
+    loader.SetNotifier(&growing);
+    const struct {
+        const char* what;
+        QString path;
+        int result;
+        F failure;
+        unsigned loaded;
+    } cases[] = {
+        {"a pipe", fifo, -1, F::NotRegularFile, 0},
+        {"/dev/zero", QStringLiteral("/dev/zero"), -1, F::NotRegularFile, 0},
+        {"a link to /dev/zero", zero, -1, F::NotRegularFile, 0},
+        {"a folder", dir.path(), -1, F::NotRegularFile, 0},
+        {"one byte over the limit", over, -1, F::TooLarge, 0},
+        {"at the limit", full, 0, F::None, 1},
+        {"growing past the limit while read", grows, -1, F::TooLarge, 0},
+        {"missing", dir.filePath(QStringLiteral("missing.lin")), -1, F::CannotOpen, 0},
+    };
+    for (const auto& c : cases) {
+        growing.file = c.path == grows ? grows : QString();
+        Load("*HELD\nA,1,-1\n");
+        ASSERT_EQ(loader.GetNoLtypes(), 1u);
+        EXPECT_EQ(loadPromptly(loader, c.path.toStdWString()), c.result) << c.what;
+        EXPECT_EQ(loader.GetLoadFailure(), c.failure) << c.what;
+        EXPECT_EQ(loader.GetNoLtypes(), c.loaded) << c.what;
+    }
+}
+
+namespace {
+
+std::uint64_t bitsOf(double v) {
+    return std::bit_cast<std::uint64_t>(v);
+}
+
+/// What a file holds of a line type: name, description, elements with their
+/// values bit for bit, texts and style names.
+std::string fileContent(const veld::CLtype& l) {
+    const auto narrow = [](const ulo::WString& w) { return w.ToQString().toStdString(); };
+    std::string s = narrow(l.GetName()) + "|" + narrow(l.GetDesc());
+    for (unsigned i = 0; i < l.GetNoDashes(); ++i) {
+        const veld::ILtypeComplexDash* d = l.GetDash(i);
+        if (d->IsDouble()) {
+            s += "|" + std::to_string(bitsOf(d->GetDouble()));
+            continue;
+        }
+        const veld::TEXT_3D* t = d->GetText();
+        s += "|[" + narrow(t->GetContext().GetString()) + "," + narrow(t->GetStyle()->GetName());
+        for (const double v : {t->GetContext().GetHeight(), t->GetContext().GetRotate(),
+                               t->GetPoint().x, t->GetPoint().y})
+            s += "," + std::to_string(bitsOf(v));
+        s += "]";
+    }
+    return s;
+}
+
+/// "A,1" and then @p fields over and over, padded with zeros to a line of
+/// exactly 4095 characters: the longest the reader takes as one line.
+std::string longestLine(const std::vector<std::string>& fields) {
+    std::string line = "A,1";
+    for (std::size_t i = 0; line.size() + 1 + fields[i % fields.size()].size() <= 4095; ++i)
+        line += "," + fields[i % fields.size()];
+    while (line.size() < 4095)
+        line += line.size() == 4092 ? ",00" : ",0";
+    return line;
+}
+
+/// The shortest text of a double: what the tests write into files.
+std::string text(double v) {
+    return QString::fromStdWString(ulo::ExactText(v)).toStdString();
+}
+
+}  // namespace
+
+TEST_F(LoaderTest, WhatLoadedSavesAndLoadsBackTheSameOrIsNamed) {
+    // Every library loads in full. Saved and loaded again, it gives the same
+    // line types, bit for bit, but for those the save names as left out.
+    std::string many = "*MANY,150 text elements\nA,0.5";
+    for (int i = 0; i < 150; ++i)
+        many += ",[\"G" + std::to_string(i % 10) + "\",STANDARD],-0.25";
+    // A style the drawing lacks comes back as STANDARD: 7 characters more
+    // for each of these 500 elements.
+    std::string grows = "*GROWS\nA,1";
+    for (int i = 0; i < 500; ++i)
+        grows += ",[\"g\",X]";
+    Sequence seq;
+    std::string random;  // values of every magnitude, subnormals among them
+    const auto anyValue = [&] {
+        double v;
+        do
+            v = std::bit_cast<double>(seq.Next(std::numeric_limits<std::uint64_t>::max()));
+        while (!std::isfinite(v));
+        return v;
+    };
+    const auto any = [&] { return text(anyValue()); };
+    for (int i = 0; i < 200; ++i)
+        random += "*R" + std::to_string(i) + "\nA," + text(std::fabs(anyValue())) +
+                  ",[\"r\",STANDARD,S=" + any() + ",R=" + any() + ",X=" + any() + ",Y=" + any() +
+                  "]," + any() + "\n";
+    const struct {
+        const char* what;
+        std::string file;
+        std::vector<std::wstring> leftOut;
+    } cases[] = {
+        {"150 text elements", many + "\n", {}},
+        {"a line of 4095 characters whose numbers are longer written in full",
+         "*NUMBERS\n" + longestLine({"1e9", ".5", "123e10", "-1E5", "1e-7", "-.25"}) + "\n",
+         {}},
+        {"a line of 4095 characters of text elements",
+         "*TEXTS\n" + longestLine({"[\"T\",STANDARD]", "[\"U\",standard,s=2,Q=7]x9", "-1"}) + "\n",
+         {}},
+        {"a text of 1500 characters",
+         "*LONGTEXT\nA,1,[\"" + std::string(1500, 'T') +
+             "\",STANDARD,S=2.5,R=45,X=-1,Y=1e-300],-1\n",
+         {}},
+        {"a name of 2000 characters with a description",
+         "*" + std::string(2000, 'N') + "," + std::string(1500, 'd') + "\nA,1,-1\n",
+         {}},
+        {"a name of 4094 characters and no description",
+         "*" + std::string(4094, 'N') + "\nA,1,-1\n",
+         {}},
+        {"extreme and subnormal values",
+         "*EXTREMES\nA,4e-320,-2.2e-308,1.7976931348623157e308,-1.7976931348623157e308,-0,"
+         "5e-324,0.1,0.30000000000000004,1e-7,123456789012345678,"
+         "[\"X\",STANDARD,S=4e-320,R=-0,X=1.7976931348623157e308,Y=-2.2e-308],"
+         "[\"R\",STANDARD,R=4e-320,S=1e55],[\"R\",STANDARD,R=1.7976931348623157e308,X=-0],"
+         "[\"R\",STANDARD,R=33.333333333333336,Y=5e-324],[\"R\",STANDARD,R=-2e300],-1\n"
+         "*ZERO FIRST\nA,-0,-0\n",
+         {}},
+        {"values of every magnitude", random, {}},
+        {"a line that grows past 4095 characters", grows + "\n*AFTER\nA,1,-1\n", {L"GROWS"}},
+    };
+    Recorder rec(data.GetStyleTable().GetStyleStandard());
+    loader.SetNotifier(&rec);
+    again.SetNotifier(&rec);
+    for (const auto& c : cases) {
+        rec.reports.clear();
+        ASSERT_EQ(Load(QByteArray::fromStdString(c.file)), 0) << c.what;
+        ASSERT_TRUE(rec.reports.empty()) << c.what;
+        ASSERT_GT(loader.GetNoLtypes(), 0u) << c.what;
+        Save();
+        std::vector<std::wstring> leftOut;
+        for (unsigned i = 0; i < loader.GetNoUnsaved(); ++i) {
+            EXPECT_EQ(loader.GetUnsavedNo(i).reason, CLtypeLoader::SaveRefusal::LineTooLong);
+            leftOut.push_back(loader.GetUnsavedNo(i).ltype->GetName().str());
+        }
+        EXPECT_EQ(leftOut, c.leftOut) << c.what;
+        EXPECT_EQ(again.Load(saved.c_str()), 0) << c.what;
+        EXPECT_TRUE(rec.reports.empty()) << c.what;
+        std::vector<std::string> expected, got;
+        for (unsigned i = 0; i < loader.GetNoLtypes(); ++i)
+            if (std::find(leftOut.begin(), leftOut.end(), loader.GetLtypeNo(i)->GetName().str()) ==
+                leftOut.end())
+                expected.push_back(fileContent(*loader.GetLtypeNo(i)));
+        for (unsigned i = 0; i < again.GetNoLtypes(); ++i)
+            got.push_back(fileContent(*again.GetLtypeNo(i)));
+        EXPECT_EQ(got, expected) << c.what;
+    }
+}
+
+TEST_F(LoaderTest, ALineTypeThatWouldNotReadBackIsLeftOutAndNamed) {
+    using R = CLtypeLoader::SaveRefusal;
+    veld::CStyle* standard = data.GetStyleTable().GetStyleStandard();
+    const auto text = [&](const wchar_t* t, veld::CStyle* style = nullptr, double height = 1) {
+        return veld::TEXT_3D(t, style ? style : standard, height, 0, 1, 0,
+                             ulo::geom::PNT_3D::Origin, 0, 0);
+    };
+    const auto dashes = [](std::vector<double> numbers) {
+        veld::CLtypeComplexDashSeq seq;
+        for (const double v : numbers)
+            seq.AddDashDouble(v);
+        return seq;
+    };
+    const auto withText = [&](veld::TEXT_3D t, bool first = false) {
+        veld::CLtypeComplexDashSeq seq;
+        if (!first)
+            seq.AddDashDouble(1);
+        seq.AddDashText(t);
+        seq.AddDashDouble(-1);
+        return seq;
+    };
+    const auto unnamed = ulo::RefPtr<veld::CStyle>::Adopt(
+        data.GetObjectFactory()->CreateStyle(L"", nullptr, 0, 1, 0, 1, 0, 0));
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const struct {
+        const char* what;
+        std::wstring name, desc;
+        veld::CLtypeComplexDashSeq seq;
+        R reason;
+    } cases[] = {
+        {"a name with a comma", L"A,B", L"", dashes({1, -1}), R::NotReadable},
+        {"a name with a line end", L"A\nB", L"", dashes({1, -1}), R::NotReadable},
+        {"a description with a line end", L"BAD", L"x\ny", dashes({1, -1}), R::NotReadable},
+        {"a description ending in a blank", L"BAD", L"x ", dashes({1, -1}), R::NotReadable},
+        {"no elements", L"BAD", L"", dashes({}), R::NotReadable},
+        {"one element", L"BAD", L"", dashes({1}), R::NotReadable},
+        {"a negative first element", L"BAD", L"", dashes({-1, 1}), R::NotReadable},
+        {"a text first", L"BAD", L"", withText(text(L"T"), true), R::NotReadable},
+        {"a text with a comma", L"BAD", L"", withText(text(L"a,b")), R::NotReadable},
+        {"an empty text", L"BAD", L"", withText(text(L"")), R::NotReadable},
+        {"a style without a name", L"BAD", L"", withText(text(L"T", unnamed.get())),
+         R::NotReadable},
+        {"a value that is not a number", L"BAD", L"", dashes({1, nan}), R::NotReadable},
+        {"an infinite height", L"BAD", L"", withText(text(L"T", nullptr, HUGE_VAL)),
+         R::NotReadable},
+        {"a name of 4095 characters", std::wstring(4095, L'N'), L"", dashes({1, -1}),
+         R::LineTooLong},
+        {"a description too long for the line", L"BAD", std::wstring(4092, L'd'), dashes({1, -1}),
+         R::LineTooLong},
+        {"a character above 255", L"BAD", L"\u20ac", dashes({1, -1}), R::NoEightBitForm},
+    };
+    const veld::CObjectFactory* factory = data.GetObjectFactory();
+    for (const auto& c : cases) {
+        Load("*FIRST\nA,1,-1\n");
+        veld::CLtype* bad = factory->CreateLtype(c.name, c.desc, c.seq, 0, 0);
+        veld::CLtype* last = factory->CreateLtype(L"LAST", L"", dashes({2, -2}), 0, 0);
+        for (veld::CLtype* l : {bad, last}) {
+            loader.Add(l);
+            l->SubReference();
+        }
+        Save();
+        // Save ends at a character it cannot write: the rest is not written.
+        const bool stops = c.reason == R::NoEightBitForm;
+        ASSERT_EQ(loader.GetNoUnsaved(), stops ? 2u : 1u) << c.what;
+        EXPECT_EQ(loader.GetUnsavedNo(0).ltype, bad) << c.what;
+        EXPECT_EQ(loader.GetUnsavedNo(0).reason, c.reason) << c.what;
+        if (stops) {
+            EXPECT_EQ(loader.GetUnsavedNo(1).ltype, last) << c.what;
+            EXPECT_EQ(loader.GetUnsavedNo(1).reason, R::NotWritten) << c.what;
+        }
+        Recorder rec;
+        again.SetNotifier(&rec);
+        ASSERT_EQ(again.Load(saved.c_str()), 0) << c.what;
+        EXPECT_TRUE(rec.reports.empty()) << c.what;
+        ASSERT_EQ(again.GetNoLtypes(), stops ? 1u : 2u) << c.what;
+        EXPECT_EQ(again.GetLtypeNo(again.GetNoLtypes() - 1)->GetName(), stops ? L"FIRST" : L"LAST")
+            << c.what;
+    }
+    // A file that cannot be written leaves everything out.
+    loader.Save((dir.path() + QStringLiteral("/no/such/folder.lin")).toStdWString().c_str());
+    ASSERT_EQ(loader.GetNoUnsaved(), 3u);
+    EXPECT_EQ(loader.GetUnsavedNo(2).reason, R::NotWritten);
 }
