@@ -11,12 +11,12 @@
 namespace veld5 {
 
 namespace {
-// Strip sizes in pixels at a multiplier of 1: whole cells of 10 x 20 (nine
-// standard colours), 15 x 20 (six greys) and 9 x 9 (the palette's 24 x 5).
-constexpr int kStripWidth = 90;
-constexpr int kStripHeight = 20;
-constexpr int kPaletteWidth = 216;
-constexpr int kPaletteHeight = 45;
+// The cells in pixels at a multiplier of 1: the nine standard colours 10 x 20
+// and the six greys 15 x 20 (both strips 90 x 20), the palette's 24 x 5
+// cells 9 x 9 (each half 216 x 45).
+constexpr QSize kStandardCell(10, 20);
+constexpr QSize kGreyCell(15, 20);
+constexpr QSize kPaletteCell(9, 9);
 }  // namespace
 
 CCECADDlgColor::CCECADDlgColor(const CVELD* cad, short startColour, short byLayerColour,
@@ -68,13 +68,18 @@ BOOL CCECADDlgColor::OnInitDialog() {
     CExDialog::OnInitDialog();
     ulo::SetHelpTopic(L"QuadraCE.htm#Dlg OpzColori");
 
-    // Whole cells only, so that every pixel of a strip belongs to a cell; the
-    // strips keep the corners the layout gave them.
+    // Whole cells only, so that every pixel of a strip belongs to a cell. The
+    // cells grow with the multiplier only as far as the rectangle the layout
+    // gave the strip allows: a strip that outgrew it would lie over its
+    // neighbours and take their presses.
     const int m = CPalmDevice::GetResMultiplier();
-    paletteEven_->resize(kPaletteWidth * m, kPaletteHeight * m);
-    paletteOdd_->resize(kPaletteWidth * m, kPaletteHeight * m);
-    standard_->resize(kStripWidth * m, kStripHeight * m);
-    grey_->resize(kStripWidth * m, kStripHeight * m);
+    const auto fit = [m](CVELDMultiColorStatic* strip, QSize cell) {
+        strip->FitWholeCells(strip->geometry(), cell * m);
+    };
+    fit(standard_.get(), kStandardCell);
+    fit(grey_.get(), kGreyCell);
+    fit(paletteEven_.get(), kPaletteCell);
+    fit(paletteOdd_.get(), kPaletteCell);
 
     GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
     GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);

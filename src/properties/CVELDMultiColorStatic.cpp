@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "app/VELD.h"
 #include "ulo/ctrl/Controls.h"
@@ -66,6 +67,15 @@ int CVELDMultiColorStatic::IndexAt(const QPoint& point) const {
     if (column >= Columns() || row >= Rows())
         return -1;
     return IndexOfCell(column, row);
+}
+
+void CVELDMultiColorStatic::FitWholeCells(const QRect& area, const QSize& largestCell) {
+    const int columns = Columns();
+    const int rows = Rows();
+    const int cw =
+        columns > 0 ? std::max(0, std::min(area.width() / columns, largestCell.width())) : 0;
+    const int ch = std::max(0, std::min(area.height() / rows, largestCell.height()));
+    setGeometry(QRect(area.topLeft(), QSize(cw * columns, ch * rows)));
 }
 
 void CVELDMultiColorStatic::OnLButtonDown(const QPoint& point) {

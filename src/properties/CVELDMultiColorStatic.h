@@ -41,6 +41,12 @@ public:
     /// there is no cell.
     int IndexAt(const QPoint& point) const;
 
+    /// Places the control at the top-left corner of @p area, sized to whole
+    /// cells: as large as @p largestCell where the area has room for them,
+    /// else the largest whole cells the area holds. The control never
+    /// leaves @p area, and every pixel of it belongs to a cell.
+    void FitWholeCells(const QRect& area, const QSize& largestCell);
+
     /// A press of the left button at @p point (client pixels): reports the
     /// index under it, if any.
     void OnLButtonDown(const QPoint& point);

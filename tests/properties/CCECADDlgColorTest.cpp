@@ -3,6 +3,7 @@
 #include <QGroupBox>
 #include <QImage>
 #include <functional>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -87,10 +88,11 @@ TEST_F(ColourPicker, OpensOnTheStartingColourNamedAndPreviewed) {
     }
 }
 
-// Presses in a portrait and a landscape layout. On a cell (every row of both palette halves, first
-// and last columns, each strip's edges) the pick is that cell's index, painted under the finger
-// when the press is in the cell's middle. Just beside a strip, and far outside the dialog, a press
-// picks the cell of another strip that lies there, or nothing: the pick stays as it was.
+// Presses in a portrait and a landscape layout, at every density multiplier. On a cell (every row
+// of both palette halves, the palette's middle, every grey, first and last columns, each strip's
+// edges) the pick is that cell's index, painted under the finger when the press is in the cell's
+// middle. Just beside a strip, and far outside the dialog, a press picks the cell of another strip
+// that lies there, or nothing: the pick stays as it was.
 TEST_F(ColourPicker, PressesPickTheCellUnderTheFingerAndNothingBesideIt) {
     constexpr short kUnder = -1;  // whatever lies under the finger
     struct Press {
@@ -105,8 +107,9 @@ TEST_F(ColourPicker, PressesPickTheCellUnderTheFingerAndNothingBesideIt) {
         return Press{strip, (column + 0.5) / columns, (row + 0.5) / (palette ? 5 : 1), index, true};
     };
     // Middles of cells (every row of both palette halves, first and last
-    // columns), the first and last pixels of each strip, far outside the
-    // dialog, and then just beside each strip.
+    // columns), the middle of the upper palette, the first and last pixels of
+    // each strip, far outside the dialog, then every grey and just beside
+    // each strip.
     std::vector<Press> presses = {
         cell(kStandard, 2, 0, 3),   cell(kGrey, 5, 0, 255),      cell(kUpper, 0, 0, 18),
         cell(kLower, 0, 0, 11),     cell(kUpper, 23, 4, 240),    cell(kLower, 23, 4, 249),
@@ -115,18 +118,22 @@ TEST_F(ColourPicker, PressesPickTheCellUnderTheFingerAndNothingBesideIt) {
         {kGrey, 0, 0.5, 250},       {kGrey, 0.999, 0.999, 255},  {kUpper, 0, 0.5, 14},
         {kUpper, 0.5, 0, 138},      {kUpper, 0.999, 0.999, 240}, {kLower, 0, 0.5, 15},
         {kLower, 0.5, 0, 131},      {kLower, 0.999, 0.999, 249}, {kStandard, -100, -100, kUnder},
-        {kLower, 100, 100, kUnder},
+        {kLower, 100, 100, kUnder}, cell(kUpper, 12, 2, 134),    {kUpper, 0.5, 0.5, 134},
     };
+    for (int column = 0; column < 6; ++column)
+        presses.push_back(cell(kGrey, column, 0, short(250 + column)));
     for (unsigned strip : {kStandard, kGrey, kUpper, kLower})
         for (const auto& [fx, fy] : {std::pair{-0.015, 0.5}, {1.0, 0.5}, {0.5, -0.06}, {0.5, 1.0}})
             presses.push_back({strip, fx, fy, kUnder});
 
-    for (int layout : {0, 2}) {
+    for (const auto& [m, layout] : {std::pair{1, 0}, {1, 2}, {2, 0}, {2, 2}, {3, 0}, {3, 2}}) {
+        veldtest::ScopedMultiplier density(m);
         CPalmDevice::SetLayoutOverride(layout);
         ScriptedUser user;
         std::vector<short> expected(presses.size());
         const auto what = [&](std::size_t i) {
-            return "layout " + std::to_string(layout) + ", press " + std::to_string(i);
+            return "multiplier " + std::to_string(m) + ", layout " + std::to_string(layout) +
+                   ", press " + std::to_string(i);
         };
         user.Inspect([&](QWidget* w) {
             const QImage before = w->grab().toImage();
@@ -236,78 +243,65 @@ TEST_F(ColourPicker, ThePickReachesTheCallerOnlyOnOk) {
     }
 }
 
-// In each layout the dialog comes from its own template with its help topic,
-// and the strips hold whole cells at their layout corners, inside the dialog,
-// clear of every other control but the groups that frame them.
-TEST_F(ColourPicker, EachLayoutHoldsWholeCellsClearOfTheOtherControls) {
-    for (int layout = 0; layout < 4; ++layout) {
-        CPalmDevice::SetLayoutOverride(layout);
-        const std::string where = "layout " + std::to_string(layout);
-        ScriptedUser user;
-        int checked = 0;
-        user.Inspect([&](QWidget* w) {
-            auto* d = static_cast<CWSizeDialog*>(w);
-            const ulo::DialogTemplate* t = d->GetTemplate();
-            ASSERT_NE(t, nullptr);
-            for (const auto& ctrl : t->controls) {
-                auto* strip = qobject_cast<CVELDMultiColorStatic*>(d->GetDlgItem(ctrl.id));
-                if (!strip || ctrl.id == ulo::kStaticId)
-                    continue;
-                ++checked;
-                const std::string what = where + ", strip " + std::to_string(ctrl.id);
-                EXPECT_EQ(strip->size(), strip->IsStrip() ? QSize(90, 20) : QSize(216, 45)) << what;
-                EXPECT_EQ(strip->pos(), d->Units().Rect(ctrl.rect[layout]).topLeft()) << what;
-                EXPECT_EQ(strip->CellWidth() * strip->Columns(), strip->width()) << what;
-                EXPECT_EQ(strip->CellHeight() * strip->Rows(), strip->height()) << what;
-                EXPECT_TRUE(d->rect().contains(strip->geometry())) << what;
-                for (QWidget* other : d->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-                    if (other == strip || other->isHidden() ||
-                        !other->geometry().intersects(strip->geometry()))
+// In each layout and at every density multiplier the dialog comes from its own template with its
+// help topic, and each strip holds whole cells inside the rectangle its layout gives it: at its
+// corner, clear of every other control but the groups that frame it. The cells are 10 x 20
+// (standard), 15 x 20 (greys) and 9 x 9 (palette) pixels at multiplier 1, never smaller at a higher
+// one.
+TEST_F(ColourPicker, EachLayoutHoldsWholeCellsInsideTheStripsRectangles) {
+    const std::map<unsigned, QSize> cellAtOne = {
+        {kStandard, {10, 20}}, {kGrey, {15, 20}}, {kUpper, {9, 9}}, {kLower, {9, 9}}};
+    for (int m : {1, 2, 3})
+        for (int layout = 0; layout < 4; ++layout) {
+            veldtest::ScopedMultiplier density(m);
+            CPalmDevice::SetLayoutOverride(layout);
+            const std::string where =
+                "multiplier " + std::to_string(m) + ", layout " + std::to_string(layout);
+            ScriptedUser user;
+            int checked = 0;
+            user.Inspect([&](QWidget* w) {
+                auto* d = static_cast<CWSizeDialog*>(w);
+                const ulo::DialogTemplate* t = d->GetTemplate();
+                ASSERT_NE(t, nullptr);
+                for (const auto& ctrl : t->controls) {
+                    auto* strip = qobject_cast<CVELDMultiColorStatic*>(d->GetDlgItem(ctrl.id));
+                    if (!strip || ctrl.id == ulo::kStaticId)
                         continue;
-                    auto* group = qobject_cast<QGroupBox*>(other);
-                    EXPECT_TRUE(
-                        group &&
-                        group->contentsRect().translated(group->pos()).contains(strip->geometry()))
-                        << what << " overlaps control " << ulo::GetDlgCtrlID(other);
+                    ++checked;
+                    const std::string what = where + ", strip " + std::to_string(ctrl.id);
+                    const QRect own = d->Units().Rect(ctrl.rect[layout]);
+                    const QSize cell(strip->CellWidth(), strip->CellHeight());
+                    EXPECT_EQ(strip->pos(), own.topLeft()) << what;
+                    EXPECT_TRUE(own.contains(strip->geometry())) << what;
+                    EXPECT_EQ(cell.width() * strip->Columns(), strip->width()) << what;
+                    EXPECT_EQ(cell.height() * strip->Rows(), strip->height()) << what;
+                    if (m == 1) {
+                        EXPECT_EQ(cell, cellAtOne.at(ctrl.id)) << what;
+                    } else {
+                        EXPECT_TRUE(cell.expandedTo(cellAtOne.at(ctrl.id)) == cell) << what;
+                    }
+                    EXPECT_TRUE(d->rect().contains(strip->geometry())) << what;
+                    for (QWidget* other : d->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+                        if (other == strip || other->isHidden() ||
+                            !other->geometry().intersects(strip->geometry()))
+                            continue;
+                        auto* group = qobject_cast<QGroupBox*>(other);
+                        EXPECT_TRUE(group && group->contentsRect()
+                                                 .translated(group->pos())
+                                                 .contains(strip->geometry()))
+                            << what << " overlaps control " << ulo::GetDlgCtrlID(other);
+                    }
                 }
-            }
-        });
-        user.Click(kCancel);
-        short chosen = 0;
-        factory->ShowDlgColor(nullptr, nullptr, 1, 7, 7, true, chosen);
-        ExpectFinished(user);
-        EXPECT_EQ(checked, 4) << where;
-        ASSERT_EQ(user.Dialogs().size(), 1u);
-        EXPECT_EQ(user.Dialogs()[0].templateId, 11044u);
-        EXPECT_EQ(user.Dialogs()[0].layout, layout);
-        EXPECT_EQ(user.Dialogs()[0].title, QStringLiteral("Color options"));
-        EXPECT_EQ(user.Dialogs()[0].help, QStringLiteral("QuadraCE.htm#Dlg OpzColori"));
-    }
-}
-
-// On a denser screen the strips grow by the multiplier and their cells with
-// them: a press still lands on the cell it aims at.
-TEST_F(ColourPicker, StripsScaleWithTheDensityMultiplier) {
-    for (int m : {2, 3}) {
-        veldtest::ScopedMultiplier density(m);
-        ScriptedUser user;
-        QSize standard, palette;
-        std::vector<short> picks;
-        user.Inspect([&](QWidget* w) {
-            standard = ulo::FindControl(w, kStandard)->size();
-            palette = ulo::FindControl(w, kUpper)->size();
-        });
-        const auto pick = [&](QWidget* w) { picks.push_back(look(w).chosen); };
-        user.Press(kStandard, 2.5 / 9, 0.5)
-            .Inspect(pick)
-            .Press(kUpper, 1.5 / 24, 0.1)
-            .Inspect(pick);
-        user.Click(kCancel);
-        short chosen = 0;
-        factory->ShowDlgColor(nullptr, nullptr, 1, 7, 7, true, chosen);
-        ExpectFinished(user);
-        EXPECT_EQ(standard, QSize(90 * m, 20 * m)) << m;
-        EXPECT_EQ(palette, QSize(216 * m, 45 * m)) << m;
-        EXPECT_EQ(picks, (std::vector<short>{3, 28})) << m;
-    }
+            });
+            user.Click(kCancel);
+            short chosen = 0;
+            factory->ShowDlgColor(nullptr, nullptr, 1, 7, 7, true, chosen);
+            ExpectFinished(user);
+            EXPECT_EQ(checked, 4) << where;
+            ASSERT_EQ(user.Dialogs().size(), 1u);
+            EXPECT_EQ(user.Dialogs()[0].templateId, 11044u);
+            EXPECT_EQ(user.Dialogs()[0].layout, layout);
+            EXPECT_EQ(user.Dialogs()[0].title, QStringLiteral("Color options"));
+            EXPECT_EQ(user.Dialogs()[0].help, QStringLiteral("QuadraCE.htm#Dlg OpzColori"));
+        }
 }

@@ -120,3 +120,35 @@ TEST(CVELDMultiColorStatic, APointOutsideTheCellsPicksNothing) {
         }
     }
 }
+
+// Fitted into a rectangle, a strip takes its corner and whole cells: the
+// largest cells asked for where the rectangle has room, else the largest
+// whole cells it holds, never a pixel outside it, nothing when it cannot hold
+// one pixel per cell.
+TEST(CVELDMultiColorStatic, FitsWholeCellsInsideItsRectangle) {
+    const struct {
+        short first, count;
+        QRect area;
+        QSize largest;
+        QRect placed;
+    } cases[] = {
+        {1, 9, {3, 4, 91, 21}, {10, 20}, {3, 4, 90, 20}},
+        {1, 9, {3, 4, 91, 21}, {20, 40}, {3, 4, 90, 21}},
+        {250, 6, {0, 0, 91, 21}, {30, 40}, {0, 0, 90, 21}},
+        {kEven, 0, {7, 50, 217, 45}, {9, 9}, {7, 50, 216, 45}},
+        {kOdd, 0, {7, 95, 217, 46}, {18, 18}, {7, 95, 216, 45}},
+        {kEven, 0, {0, 0, 1000, 500}, {18, 18}, {0, 0, 432, 90}},
+        {kEven, 0, {0, 0, 100, 30}, {9, 9}, {0, 0, 96, 30}},
+        {1, 9, {5, 5, 8, 20}, {10, 20}, {5, 5, 0, 20}},
+        {kOdd, 0, {5, 5, 20, 4}, {9, 9}, {5, 5, 0, 0}},
+    };
+    for (const auto& c : cases) {
+        auto s = make(c.first, c.count, 500, 500);
+        s->FitWholeCells(c.area, c.largest);
+        const std::string what = std::to_string(c.first) + " in " + std::to_string(c.area.width()) +
+                                 "x" + std::to_string(c.area.height());
+        EXPECT_EQ(s->geometry(), c.placed) << what;
+        EXPECT_EQ(s->CellWidth() * s->Columns(), s->width()) << what;
+        EXPECT_EQ(s->CellHeight() * s->Rows(), s->height()) << what;
+    }
+}

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
+#include <QInputMethodEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <memory>
 #include <vector>
@@ -12,6 +15,7 @@
 #include "ulo/ResourceModule.h"
 #include "ulo/ctrl/Controls.h"
 #include "ulo/ctrl/Dialog.h"
+#include "ulo/ctrl/MessageBox.h"
 
 TEST(KeyboardEdit, TakingTheKeyboardAwayEndsTheEdit) {
     QWidget window;
@@ -36,6 +40,122 @@ TEST(KeyboardEdit, TakingTheKeyboardAwayEndsTheEdit) {
     EXPECT_EQ(ended.count(), 2);
     EXPECT_EQ(edit->text(), QStringLiteral("ab"));
     EXPECT_EQ(other->inputMethodHints() & Qt::ImhFormattedNumbersOnly, Qt::ImhFormattedNumbersOnly);
+}
+
+// An edit holds 32767 characters. Input beyond them, typed, committed by an
+// input method, pasted or inserted, keeps what fits at the cursor and is never
+// cut silently: one beep and a tooltip naming the limit. Input that fits,
+// also over a selection it replaces, neither beeps nor tips.
+TEST(KeyboardEdit, InputBeyondTheLimitKeepsWhatFitsBeepsAndTips) {
+    constexpr int N = CCEBaseKeybEdit::kMaxChars;
+    static_assert(N == 32767);
+    enum class Kind { Text, Number, Password };
+    enum class Way { Keys, Commit, Paste, Insert };
+    const auto run = [](QChar c, int n) { return QString(n, c); };
+    const QString digits = QStringLiteral("0123456789").repeated(N / 10 + 2);
+    const struct {
+        const char* what;
+        Kind kind;
+        QString start;
+        int cursor;  // -1: at the end; -2: all selected
+        Way way;
+        QString input;
+        QString result;
+        bool refused;
+    } cases[] = {
+        {"typing within",
+         Kind::Text,
+         {},
+         -1,
+         Way::Keys,
+         QStringLiteral("hello"),
+         QStringLiteral("hello"),
+         false},
+        {"typing up to the limit", Kind::Text, run(u'a', N - 2), -1, Way::Keys,
+         QStringLiteral("bc"), run(u'a', N - 2) + QStringLiteral("bc"), false},
+        {"a key past the limit", Kind::Text, run(u'a', N - 2), -1, Way::Keys, QStringLiteral("bcd"),
+         run(u'a', N - 2) + QStringLiteral("bc"), true},
+        {"a key into a full number edit", Kind::Number, run(u'1', N - 1), -1, Way::Keys,
+         QStringLiteral("23"), run(u'1', N - 1) + QStringLiteral("2"), true},
+        {"an input method's commit", Kind::Text, run(u'a', N - 1), -1, Way::Commit,
+         QStringLiteral("xyz"), run(u'a', N - 1) + QStringLiteral("x"), true},
+        {"a long paste into an empty edit",
+         Kind::Text,
+         {},
+         -1,
+         Way::Paste,
+         digits.left(N + 10),
+         digits.left(N),
+         true},
+        {"a paste in the middle", Kind::Text, run(u'a', N - 2), 1, Way::Paste,
+         QStringLiteral("XYZ"), QStringLiteral("aXY") + run(u'a', N - 3), true},
+        {"a paste over a selection that fits", Kind::Text, run(u'a', N), -2, Way::Paste,
+         run(u'b', N), run(u'b', N), false},
+        {"a long paste into a password",
+         Kind::Password,
+         {},
+         -1,
+         Way::Paste,
+         run(u'p', N + 1),
+         run(u'p', N),
+         true},
+        {"an insertion into a full edit", Kind::Text, run(u'a', N), -1, Way::Insert,
+         QStringLiteral("q"), run(u'a', N), true},
+    };
+    struct BeepCount {
+        int n = 0;
+        const int id = ulo::AddBeepListener([this](unsigned) { ++n; });
+        ~BeepCount() { ulo::RemoveBeepListener(id); }
+    } beeps;
+    for (const auto& c : cases) {
+        QToolTip::hideText();  // hides after a delay: wait for the last case's tip to go
+        for (int i = 0; i < 200 && QToolTip::isVisible(); ++i)
+            QTest::qWait(10);
+        ASSERT_FALSE(QToolTip::isVisible()) << c.what;
+
+        QWidget window;
+        auto* layout = new QVBoxLayout(&window);
+        CCEBaseKeybEdit* edit = c.kind == Kind::Number
+                                    ? static_cast<CCEBaseKeybEdit*>(new CCEEditKeybNum(&window))
+                                    : new CCEEditKeybTxt(&window);
+        if (c.kind == Kind::Password)
+            edit->setEchoMode(QLineEdit::Password);
+        layout->addWidget(edit);
+        window.show();
+        edit->setText(c.start);
+        if (c.cursor == -2)
+            edit->selectAll();
+        else
+            edit->setCursorPosition(c.cursor < 0 ? int(c.start.size()) : c.cursor);
+        beeps.n = 0;
+        switch (c.way) {
+            case Way::Keys:
+                QTest::keyClicks(edit, c.input);
+                break;
+            case Way::Commit: {
+                QInputMethodEvent commit;
+                commit.setCommitString(c.input);
+                QApplication::sendEvent(edit, &commit);
+                break;
+            }
+            case Way::Paste:
+                QApplication::clipboard()->setText(c.input);
+                QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+                break;
+            case Way::Insert:
+                edit->insert(c.input);
+                break;
+        }
+        EXPECT_EQ(edit->maxLength(), 32767) << c.what;
+        EXPECT_EQ(edit->text().size(), c.result.size()) << c.what;
+        EXPECT_TRUE(edit->text() == c.result) << c.what;
+        EXPECT_EQ(beeps.n, c.refused ? 1 : 0) << c.what;
+        EXPECT_EQ(QToolTip::isVisible(), c.refused) << c.what;
+        if (c.refused) {
+            EXPECT_EQ(QToolTip::text().toStdString(), "This field holds at most 32767 characters.")
+                << c.what;
+        }
+    }
 }
 
 TEST(CheckGrid, ATapAnywhereInTheCheckCellTogglesOnce) {

@@ -4,11 +4,15 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <map>
+#include <string>
 #include <string_view>
 
 #include "Dialog.h"
+#include "MessageBox.h"
 #include "Win.h"
+#include "ulo/Xlate.h"
 
 namespace ulo {
 
@@ -100,7 +104,27 @@ void CColButton::SetIconOnlyState(bool iconOnly) {
 
 // ----------------------------------------------------------- keyboard edits
 
-CCEBaseKeybEdit::CCEBaseKeybEdit(QWidget* parent) : QLineEdit(parent) {}
+CCEBaseKeybEdit::CCEBaseKeybEdit(QWidget* parent) : QLineEdit(parent) {
+    setMaxLength(kMaxChars);
+    // Every way text comes in (keys, an input method's commit, a paste by
+    // shortcut or menu, a drop) inserts what fits and reports the rest here.
+    connect(this, &QLineEdit::inputRejected, this, &CCEBaseKeybEdit::OnInputRejected);
+}
+
+QString CCEBaseKeybEdit::LimitMessage(int maxChars) {
+    return FormatMessage(WString(L"This field holds at most {1} characters."),
+                         WString(std::to_wstring(maxChars)))
+        .ToQString();
+}
+
+void CCEBaseKeybEdit::OnInputRejected() {
+    // A validator's refusal of a key arrives here too; only input that met a
+    // full edit is the limit's doing.
+    if (text().size() < maxLength())
+        return;
+    MessageBeep(MB_ICONEXCLAMATION);
+    QToolTip::showText(mapToGlobal(cursorRect().bottomLeft()), LimitMessage(maxLength()), this);
+}
 
 void CCEBaseKeybEdit::SetKeyb(void* keyboard) {
     const bool takenAway = keyboard_ && !keyboard;

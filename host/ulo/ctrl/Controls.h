@@ -103,14 +103,23 @@ private:
 /// SetKeyb(non-null) is called when the keyboard comes up (focus in);
 /// SetKeyb(nullptr) when it is taken away, which ends the edit: on focus loss
 /// and when Return is pressed.
+///
+/// An edit holds at most kMaxChars characters (maxLength). Input that does
+/// not fit, typed, pasted or dropped, keeps what fits and is refused visibly:
+/// a beep (MessageBeep) and a tooltip at the edit that names the limit.
 class CCEBaseKeybEdit : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(QVariant veldCtrlId MEMBER ctrlId_)
     Q_PROPERTY(QVariant veldCtrlIndex MEMBER ctrlIndex_)
 public:
+    /// The most characters (UTF-16 units) an edit of the toolkit holds.
+    static constexpr int kMaxChars = 32767;
+
     explicit CCEBaseKeybEdit(QWidget* parent = nullptr);
     virtual void SetKeyb(void* keyboard);
     bool HasKeyb() const { return keyboard_ != nullptr; }
+    /// The tooltip shown when input does not fit in @p maxChars characters.
+    static QString LimitMessage(int maxChars);
 
 Q_SIGNALS:
     /// The keyboard was taken away: the user has left the edit.
@@ -122,6 +131,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void OnInputRejected();
+
     void* keyboard_ = nullptr;
     QVariant ctrlId_, ctrlIndex_;
 };
