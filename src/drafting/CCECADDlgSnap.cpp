@@ -2,15 +2,8 @@
 
 #include <array>
 #include <cmath>
-#include <cwchar>
 #include <string>
 #include <utility>
-
-#include <locale.h>
-#include <wchar.h>
-#if defined(__APPLE__)
-#include <xlocale.h>
-#endif
 
 #include "factory/Scopes.h"
 #include "res/StringIds.h"
@@ -24,25 +17,6 @@
 
 namespace veld5 {
 
-namespace {
-
-/// wcstod in the "C" locale: the typed text reads the same whatever the
-/// process locale is (the edit has already turned a decimal comma into '.').
-double WcstodC(const wchar_t* text) {
-#if defined(_WIN32)
-    static const _locale_t c = _create_locale(LC_ALL, "C");
-    if (c)
-        return _wcstod_l(text, nullptr, c);
-#else
-    static const locale_t c = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
-    if (c)
-        return wcstod_l(text, nullptr, c);
-#endif
-    return ulo::ScanNumber(text).value;
-}
-
-}  // namespace
-
 CCECADDlgSnap::CCECADDlgSnap(CWnd* parent)
     : CExDialog(CPalmDevice::SelectIdDlgStd(11072, 11073, 11074, 11075), parent) {
     SetOkCancelIds(kIdOk, kIdCancel);
@@ -51,9 +25,9 @@ CCECADDlgSnap::CCECADDlgSnap(CWnd* parent)
 double CCECADDlgSnap::ReadField(const QString& text) {
     if (text.isEmpty())
         return kEmptyField;
-    const std::wstring wide = text.toStdWString();
-    // Adding +0.0 turns a typed "-0" into 0: no point carries a negative zero.
-    return WcstodC(wide.c_str()) + 0.0;
+    // The leading decimal number, as every number field reads its text;
+    // adding +0.0 turns a typed "-0" into 0: no point carries a negative zero.
+    return ulo::ScanNumber(text.toStdWString()).value + 0.0;
 }
 
 BOOL CCECADDlgSnap::OnInitDialog() {

@@ -17,9 +17,10 @@ public:
 
     /// What an empty field reads as, and the bound every coordinate stays below.
     static constexpr double kEmptyField = 1e100;
-    /// The number a field's text reads as: its leading number in the "C"
-    /// notation (0 when it has none, kEmptyField when it is empty). "inf",
-    /// "nan" and numbers beyond a double read as such, for OK to refuse.
+    /// The number a field's text reads as: its leading decimal number in the
+    /// "C" notation (0 when it has none: "inf", "nan" and "0x10" read as 0,
+    /// kEmptyField when it is empty). A number beyond a double reads as an
+    /// infinity of its sign, for OK to refuse.
     static double ReadField(const QString& text);
 
 protected:

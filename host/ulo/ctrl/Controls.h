@@ -150,6 +150,8 @@ public:
 /// numbers are read in the "C" notation, so a decimal comma typed on a
 /// keyboard of the user's locale (',' or the Arabic U+066B) becomes '.',
 /// and digits of other scripts become 0 to 9 ("1,5" reads as 1.5, not as 1).
+/// The field holds one point, the separator typed last: those before it were
+/// thousands separators and go ("1.234,5" becomes "1234.5").
 class CCEEditKeybNum : public CCEBaseKeybEdit {
     Q_OBJECT
 public:
