@@ -270,12 +270,27 @@ FilePtr openLibrary(const wchar_t* path, CLtypeLoader::LoadFailure& failure) {
     return FilePtr(f);
 }
 
+/// Opens a library for writing, emptied, when the path names a regular file
+/// or nothing yet. A device or a FIFO is not written to (opening one does not
+/// wait for a reader), nor emptied.
 std::FILE* openForWriting(const wchar_t* path) {
     if (!path)
         return nullptr;
-    std::FILE* f = std::fopen(localPath(path).constData(), "wb");
-    if (f)
-        std::setvbuf(f, nullptr, _IONBF, 0);  // the loader writes whole blocks itself
+    const int fd = ::open(localPath(path).constData(),
+                          O_WRONLY | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
+    if (fd < 0)
+        return nullptr;
+    struct stat st {};
+    const int flags = ::fcntl(fd, F_GETFL);
+    std::FILE* f = ::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && ::ftruncate(fd, 0) == 0 &&
+                           flags >= 0 && ::fcntl(fd, F_SETFL, flags & ~O_NONBLOCK) == 0
+                       ? ::fdopen(fd, "wb")
+                       : nullptr;
+    if (!f) {
+        ::close(fd);
+        return nullptr;
+    }
+    std::setvbuf(f, nullptr, _IONBF, 0);  // the loader writes whole blocks itself
     return f;
 }
 

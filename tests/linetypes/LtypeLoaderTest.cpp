@@ -672,8 +672,14 @@ TEST_F(LoaderTest, ALineTypeThatWouldNotReadBackIsLeftOutAndNamed) {
         EXPECT_EQ(again.GetLtypeNo(again.GetNoLtypes() - 1)->GetName(), stops ? L"FIRST" : L"LAST")
             << c.what;
     }
-    // A file that cannot be written leaves everything out.
-    loader.Save((dir.path() + QStringLiteral("/no/such/folder.lin")).toStdWString().c_str());
-    ASSERT_EQ(loader.GetNoUnsaved(), 3u);
-    EXPECT_EQ(loader.GetUnsavedNo(2).reason, R::NotWritten);
+    // A file that cannot be written, or is no regular file (a FIFO is not
+    // waited on), leaves everything out.
+    const QString fifo = dir.path() + QStringLiteral("/pipe.lin");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    for (const QString& target :
+         {dir.path() + QStringLiteral("/no/such/folder.lin"), fifo, dir.path()}) {
+        loader.Save(target.toStdWString().c_str());
+        ASSERT_EQ(loader.GetNoUnsaved(), 3u) << target.toStdString();
+        EXPECT_EQ(loader.GetUnsavedNo(2).reason, R::NotWritten);
+    }
 }
