@@ -288,10 +288,11 @@ def d11040(L):  # Angle system
 
 
 def d11044(L):  # Color options
-    # The dialog sets the strips to whole multiples of their cells in pixels
-    # when it opens (palette 216 x 45, standard and grey 90 x 20, times the
-    # density multiplier), keeping their top-left corners; each rectangle here
-    # leaves at least that room at the dialog font's 1.75 pixels per unit.
+    # The dialog fits whole cells into each strip's rectangle when it opens
+    # (palette 216 x 45, standard and grey 90 x 20 at most, times the density
+    # multiplier, never beyond the rectangle), keeping their top-left corners;
+    # each rectangle here leaves room for the multiplier 1 sizes at the dialog
+    # font's 1.75 pixels per unit.
     SW, SH = 52, 12    # standard and grey strips
     PW, PH = 124, 26   # each palette strip; the two halves touch
     gw = SW + 6
