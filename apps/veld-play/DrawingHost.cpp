@@ -3,6 +3,7 @@
 #include <QJsonDocument>
 #include <QMap>
 
+#include "ScriptNumbers.h"
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
@@ -60,13 +61,14 @@ QString DrawingHost::Select(const std::vector<Word>& words) {
     // Every handle is checked before anything is selected.
     std::vector<veld::CEnt*> entities;
     for (std::size_t i = 1; i < words.size(); ++i) {
-        bool ok = false;
-        const unsigned long handle = words[i].text.toULong(&ok);
-        if (!ok || words[i].quoted)
+        QString why;
+        const std::optional<std::uint64_t> handle =
+            words[i].quoted ? std::nullopt : ReadUInt64(words[i].text, why);
+        if (!handle)
             return QStringLiteral("select: %1 is not a handle").arg(words[i].text);
-        veld::CEnt* entity = cad_->GetData()->GetEntTable().Find(handle);
+        veld::CEnt* entity = cad_->GetData()->GetEntTable().Find(*handle);
         if (!entity)
-            return QStringLiteral("select: no entity has handle %1").arg(handle);
+            return QStringLiteral("select: no entity has handle %1").arg(*handle);
         entities.push_back(entity);
     }
     for (veld::CEnt* entity : entities)

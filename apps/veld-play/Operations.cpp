@@ -1,8 +1,10 @@
 // The factory operations veld-play can call (and the library's two line type
 // pickers): all of them, with their arguments' defaults and out-parameters.
 // An operation whose dialog is not built yet returns at once, as a cancelled
-// dialog would. An operation that works on the drawing takes the CAD instance
-// from c.CAD(), which sets c.error when the host has none.
+// dialog would. Every operation reads its arguments first and runs nothing
+// when one was refused (c.ArgumentsOk()); one that works on the drawing takes
+// the CAD instance from c.CAD(), which is null then, and also sets c.error
+// when the host has none.
 #include <QJsonArray>
 #include <memory>
 #include <utility>
@@ -141,13 +143,15 @@ const QMap<QString, Operation>& Operations() {
         {QStringLiteral("ShowDlgTextStyle"), onDrawing(&IVELDDlgFactory::ShowDlgTextStyle)},
         {QStringLiteral("ShowDlgColor"),
          [](OperationCall& c) -> QJsonValue {
-             const auto start = static_cast<short>(c.Number(QStringLiteral("start"), 1));
-             const auto byLayer = static_cast<short>(c.Number(QStringLiteral("byLayer"), 7));
-             const auto byBlock = static_cast<short>(c.Number(QStringLiteral("byBlock"), 7));
-             auto chosen = static_cast<short>(c.Number(QStringLiteral("chosen"), start));
-             const bool ok = c.factory->ShowDlgColor(
-                 nullptr, c.host ? c.host->GetCAD() : nullptr, start, byLayer, byBlock,
-                 c.Flag(QStringLiteral("logical"), true), chosen);
+             const short start = c.Short(QStringLiteral("start"), 1);
+             const short byLayer = c.Short(QStringLiteral("byLayer"), 7);
+             const short byBlock = c.Short(QStringLiteral("byBlock"), 7);
+             short chosen = c.Short(QStringLiteral("chosen"), start);
+             const bool logical = c.Flag(QStringLiteral("logical"), true);
+             if (!c.ArgumentsOk())
+                 return QJsonValue();
+             const bool ok = c.factory->ShowDlgColor(nullptr, c.host ? c.host->GetCAD() : nullptr,
+                                                     start, byLayer, byBlock, logical, chosen);
              c.numbers.insert(QStringLiteral("chosen"), chosen);
              return ok;
          }},
@@ -208,7 +212,9 @@ const QMap<QString, Operation>& Operations() {
         {QStringLiteral("ShowDlgHatch"),
          [](OperationCall& c) -> QJsonValue {
              // A legacy hatch number (-1..67); none chosen by default.
-             const int number = static_cast<int>(c.Number(QStringLiteral("hatch"), -2));
+             const int number = c.Int(QStringLiteral("hatch"), -2);
+             if (!c.ArgumentsOk())
+                 return QJsonValue();
              const veld::CHatchType* hatch =
                  veld::CHatchTypeProvider::GetInstance()->GetLegacyHatchType(number);
              const bool ok = c.factory->ShowDlgHatch(nullptr, &hatch);
@@ -218,14 +224,14 @@ const QMap<QString, Operation>& Operations() {
         {QStringLiteral("ShowDlgDrawings"), onDrawingBool(&IVELDDlgFactory::ShowDlgDrawings)},
         {QStringLiteral("ShowDlgProperty"),
          [](OperationCall& c) -> QJsonValue {
+             const bool undoable = c.Flag(QStringLiteral("undoable"), true);
              CVELD* cad = c.CAD();
-             return cad ? QJsonValue(c.factory->ShowDlgProperty(
-                              nullptr, *cad, c.Flag(QStringLiteral("undoable"), true)))
+             return cad ? QJsonValue(c.factory->ShowDlgProperty(nullptr, *cad, undoable))
                         : QJsonValue();
          }},
         {QStringLiteral("ShowDlgCalibraLineare"),
          [](OperationCall& c) -> QJsonValue {
-             const int index = static_cast<int>(c.Number(QStringLiteral("image"), 0));
+             const int index = c.Int(QStringLiteral("image"), 0);
              CVELD* cad = c.CAD();
              if (!cad)
                  return QJsonValue();
@@ -240,6 +246,9 @@ const QMap<QString, Operation>& Operations() {
          [](OperationCall& c) -> QJsonValue {
              // Shows the password dialog as the drawing reader would, then,
              // with retry=1, the question after a wrong password.
+             const bool retry = c.Flag(QStringLiteral("retry"), false);
+             if (!c.ArgumentsOk())
+                 return QJsonValue();
              std::unique_ptr<veld::IFileReaderPasswordRequest> req(
                  c.factory->GetDlgPasswordRequest(nullptr));
              if (!req)
@@ -248,7 +257,7 @@ const QMap<QString, Operation>& Operations() {
              const bool ok = req->RequestPassword(password, L"drawing");
              c.out.insert(QStringLiteral("password"),
                           ok ? QJsonValue(password.ToQString()) : QJsonValue());
-             if (c.Flag(QStringLiteral("retry"), false))
+             if (retry)
                  c.out.insert(QStringLiteral("retry"), req->AskRetry(L"drawing"));
              return ok;
          }},
@@ -256,16 +265,21 @@ const QMap<QString, Operation>& Operations() {
          [](OperationCall& c) -> QJsonValue {
              double value = c.Number(QStringLiteral("value"), 0.0);
              const std::wstring title = c.Text(QStringLiteral("title"), QString()).toStdWString();
-             const long r = c.factory->ShowDlgGetDouble(
-                 nullptr, title.c_str(), value, c.Flag(QStringLiteral("allowNegative"), true),
-                 c.Flag(QStringLiteral("allowZero"), true),
-                 c.Flag(QStringLiteral("allowPositive"), true));
+             const bool negative = c.Flag(QStringLiteral("allowNegative"), true);
+             const bool zero = c.Flag(QStringLiteral("allowZero"), true);
+             const bool positive = c.Flag(QStringLiteral("allowPositive"), true);
+             if (!c.ArgumentsOk())
+                 return QJsonValue();
+             const long r = c.factory->ShowDlgGetDouble(nullptr, title.c_str(), value, negative,
+                                                        zero, positive);
              c.numbers.insert(QStringLiteral("value"), value);
              return static_cast<int>(r);
          }},
         {QStringLiteral("ShowDlgRotate"),
          [](OperationCall& c) -> QJsonValue {
              double angle = c.Number(QStringLiteral("angle"), 0.0);
+             if (!c.ArgumentsOk())
+                 return QJsonValue();
              const long r = c.factory->ShowDlgRotate(nullptr, angle);
              c.numbers.insert(QStringLiteral("angle"), angle);
              return static_cast<int>(r);

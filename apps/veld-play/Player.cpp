@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "PlayHost.h"
+#include "ScriptNumbers.h"
 #include "automation/ScriptedUser.h"
 #include "ulo/NumberText.h"
 #include "ulo/PalmDevice.h"
@@ -11,20 +12,38 @@
 
 namespace veldplay {
 
+template <class T, class Reader>
+T OperationCall::Read(const QString& name, T fallback, Reader read) {
+    if (!args.contains(name))
+        return fallback;
+    QString why;
+    if (const std::optional<T> v = read(args.value(name), why))
+        return *v;
+    if (error.isEmpty())
+        error = QStringLiteral("argument %1: %2").arg(name, why);
+    return fallback;
+}
+
 double OperationCall::Number(const QString& name, double fallback) {
-    bool ok = args.contains(name);
-    double v = ok ? args.value(name).toDouble(&ok) : fallback;
-    if (!ok)
-        v = fallback;
+    const double v = Read(name, fallback, ReadDouble);
     numberInputs.insert(name, v);
     return v;
 }
 
-bool OperationCall::Flag(const QString& name, bool fallback) const {
-    if (!args.contains(name))
-        return fallback;
-    const QString v = args.value(name).toLower();
-    return v == QLatin1String("1") || v == QLatin1String("true") || v == QLatin1String("yes");
+short OperationCall::Short(const QString& name, short fallback) {
+    const short v = Read(name, fallback, ReadShort);
+    numberInputs.insert(name, v);
+    return v;
+}
+
+int OperationCall::Int(const QString& name, int fallback) {
+    const int v = Read(name, fallback, ReadInt);
+    numberInputs.insert(name, v);
+    return v;
+}
+
+bool OperationCall::Flag(const QString& name, bool fallback) {
+    return Read(name, fallback, ReadBool);
 }
 
 QString OperationCall::Text(const QString& name, const QString& fallback) {
@@ -34,6 +53,8 @@ QString OperationCall::Text(const QString& name, const QString& fallback) {
 }
 
 CVELD* OperationCall::CAD() {
+    if (!ArgumentsOk())
+        return nullptr;
     CVELD* cad = host ? host->GetCAD() : nullptr;
     if (!cad)
         error = QStringLiteral("this operation needs a drawing");
@@ -41,6 +62,8 @@ CVELD* OperationCall::CAD() {
 }
 
 CVELDView* OperationCall::View() {
+    if (!ArgumentsOk())
+        return nullptr;
     CVELDView* view = host ? host->GetView() : nullptr;
     if (!view)
         error = QStringLiteral("this operation needs a view");
@@ -89,91 +112,213 @@ int keyByName(const QString& name) {
     return keys.value(name, 0);
 }
 
-bool toUInt(const Word& w, unsigned& v) {
-    bool ok = false;
-    v = w.text.toUInt(&ok);
-    return ok && !w.quoted;
+/// The values of a step's words after its verb.
+struct StepValues {
+    unsigned id = 0;
+    std::vector<int> wholes;
+    std::vector<double> fractions;
+    std::vector<Word> words;
+};
+
+/// Reads the words after a step's verb as @p form says, one kind a word:
+/// ID (a control id), ROW, COL, INDEX (whole numbers), FX, FY (fractions
+/// from 0 to 1), ITEM (a quoted text, or else an INDEX); any other kind is a
+/// word taken as it is. Returns what is wrong, naming the word's kind.
+QString readStep(const Statement& s, const QString& form, StepValues& v) {
+    const QString& verb = s.words[0].text;
+    const QStringList kinds = form.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    if (s.words.size() != static_cast<std::size_t>(kinds.size()) + 1)
+        return kinds.isEmpty() ? QStringLiteral("bad step: %1 takes no words").arg(verb)
+                               : QStringLiteral("bad step: %1 takes %2").arg(verb, form);
+    for (qsizetype i = 0; i < kinds.size(); ++i) {
+        const Word& word = s.words[static_cast<std::size_t>(i) + 1];
+        QString kind = kinds[i];
+        if (kind == QLatin1String("ITEM")) {
+            if (word.quoted) {
+                v.words.push_back(word);
+                continue;
+            }
+            kind = QStringLiteral("INDEX");
+        }
+        const bool id = kind == QLatin1String("ID");
+        const bool whole = kind == QLatin1String("ROW") || kind == QLatin1String("COL") ||
+                           kind == QLatin1String("INDEX");
+        const bool fraction = kind == QLatin1String("FX") || kind == QLatin1String("FY");
+        QString why;
+        if ((id || whole || fraction) && word.quoted) {
+            why = QStringLiteral("\"%1\" is a quoted text, not a number").arg(word.text);
+        } else if (id) {
+            if (const auto n = ReadUnsigned(word.text, why))
+                v.id = *n;
+        } else if (whole) {
+            if (const auto n = ReadInt(word.text, why))
+                v.wholes.push_back(*n);
+        } else if (fraction) {
+            if (const auto f = ReadDouble(word.text, why)) {
+                if (*f < 0.0 || *f > 1.0)
+                    why = QStringLiteral("\"%1\" is not a fraction from 0 to 1").arg(word.text);
+                else
+                    v.fractions.push_back(*f);
+            }
+        } else {
+            v.words.push_back(word);
+        }
+        if (!why.isEmpty())
+            return QStringLiteral("%1 %2: %3").arg(verb, kind, why);
+    }
+    return {};
 }
 
-bool toInt(const Word& w, int& v) {
-    bool ok = false;
-    v = w.text.toInt(&ok);
-    return ok && !w.quoted;
-}
+using automation::ScriptedUser;
 
-bool toDouble(const Word& w, double& v) {
-    bool ok = false;
-    v = w.text.toDouble(&ok);
-    return ok && !w.quoted;
+/// A step: the kinds of its words (see readStep) and what it queues.
+struct StepForm {
+    const char* form;
+    QString (*queue)(ScriptedUser& user, const StepValues& v);
+};
+
+const QMap<QString, StepForm>& stepForms() {
+    static const QMap<QString, StepForm> forms = {
+        {QStringLiteral("click"),
+         {"ID",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.Click(v.id);
+              return QString();
+          }}},
+        {QStringLiteral("type"),
+         {"ID TEXT",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.Type(v.id, v.words[0].text);
+              return QString();
+          }}},
+        {QStringLiteral("set"),
+         {"ID TEXT",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.SetText(v.id, v.words[0].text);
+              return QString();
+          }}},
+        {QStringLiteral("clear"),
+         {"ID",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.Clear(v.id);
+              return QString();
+          }}},
+        {QStringLiteral("pick"),
+         {"ID ITEM",
+          [](ScriptedUser& u, const StepValues& v) {
+              if (v.words.empty())
+                  u.Pick(v.id, v.wholes[0]);
+              else
+                  u.Pick(v.id, v.words[0].text);
+              return QString();
+          }}},
+        {QStringLiteral("tap"),
+         {"ID ROW COL",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.Tap(v.id, v.wholes[0], v.wholes[1]);
+              return QString();
+          }}},
+        {QStringLiteral("dtap"),
+         {"ID ROW COL",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.DoubleTap(v.id, v.wholes[0], v.wholes[1]);
+              return QString();
+          }}},
+        {QStringLiteral("check"),
+         {"ID ROW",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.CheckRow(v.id, v.wholes[0]);
+              return QString();
+          }}},
+        {QStringLiteral("header"),
+         {"ID COL",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.Header(v.id, v.wholes[0]);
+              return QString();
+          }}},
+        {QStringLiteral("key"),
+         {"ID NAME",
+          [](ScriptedUser& u, const StepValues& v) {
+              const int key = keyByName(v.words[0].text);
+              if (!key)
+                  return QStringLiteral("unknown key %1").arg(v.words[0].text);
+              u.Key(v.id, key);
+              return QString();
+          }}},
+        {QStringLiteral("tab"),
+         {"ID INDEX",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.SwitchTab(v.id, v.wholes[0]);
+              return QString();
+          }}},
+        {QStringLiteral("press"),
+         {"ID FX FY",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.Press(v.id, v.fractions[0], v.fractions[1]);
+              return QString();
+          }}},
+        {QStringLiteral("answer"),
+         {"ANSWER",
+          [](ScriptedUser& u, const StepValues& v) {
+              static const QMap<QString, int> answers = {{QStringLiteral("ok"), ulo::IDOK},
+                                                         {QStringLiteral("yes"), ulo::IDYES},
+                                                         {QStringLiteral("no"), ulo::IDNO},
+                                                         {QStringLiteral("cancel"), ulo::IDCANCEL}};
+              const QString& a = v.words[0].text;
+              if (!answers.contains(a))
+                  return QStringLiteral("unknown answer %1").arg(a);
+              u.Answer(answers.value(a));
+              return QString();
+          }}},
+        {QStringLiteral("file"),
+         {"PATH",
+          [](ScriptedUser& u, const StepValues& v) {
+              const Word& w = v.words[0];
+              if (!w.quoted && w.text == QLatin1String("cancel"))
+                  u.CancelFile();
+              else
+                  u.AnswerFile(w.text);
+              return QString();
+          }}},
+        {QStringLiteral("read"),
+         {"ID",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.Read(v.id);
+              return QString();
+          }}},
+        {QStringLiteral("shot"),
+         {"PATH",
+          [](ScriptedUser& u, const StepValues& v) {
+              u.Shot(v.words[0].text);
+              return QString();
+          }}},
+        {QStringLiteral("help"),
+         {"",
+          [](ScriptedUser& u, const StepValues&) {
+              u.Help();
+              return QString();
+          }}},
+        {QStringLiteral("close"),
+         {"",
+          [](ScriptedUser& u, const StepValues&) {
+              u.Close();
+              return QString();
+          }}},
+    };
+    return forms;
 }
 
 /// Queues one step on @p user; returns an error message for a bad step.
-QString queueStep(automation::ScriptedUser& user, const Statement& s) {
-    const auto& w = s.words;
-    const QString verb = w[0].text;
-    const auto need = [&](std::size_t n) { return w.size() == n; };
-    unsigned id = 0;
-    int a = 0, b = 0;
-    double x = 0, y = 0;
-    user.SetLine(s.line);
-    if (verb == QLatin1String("click") && need(2) && toUInt(w[1], id)) {
-        user.Click(id);
-    } else if (verb == QLatin1String("type") && need(3) && toUInt(w[1], id)) {
-        user.Type(id, w[2].text);
-    } else if (verb == QLatin1String("set") && need(3) && toUInt(w[1], id)) {
-        user.SetText(id, w[2].text);
-    } else if (verb == QLatin1String("clear") && need(2) && toUInt(w[1], id)) {
-        user.Clear(id);
-    } else if (verb == QLatin1String("pick") && need(3) && toUInt(w[1], id)) {
-        if (!w[2].quoted && toInt(w[2], a))
-            user.Pick(id, a);
-        else
-            user.Pick(id, w[2].text);
-    } else if ((verb == QLatin1String("tap") || verb == QLatin1String("dtap")) && need(4) &&
-               toUInt(w[1], id) && toInt(w[2], a) && toInt(w[3], b)) {
-        if (verb == QLatin1String("tap"))
-            user.Tap(id, a, b);
-        else
-            user.DoubleTap(id, a, b);
-    } else if (verb == QLatin1String("check") && need(3) && toUInt(w[1], id) && toInt(w[2], a)) {
-        user.CheckRow(id, a);
-    } else if (verb == QLatin1String("header") && need(3) && toUInt(w[1], id) && toInt(w[2], a)) {
-        user.Header(id, a);
-    } else if (verb == QLatin1String("key") && need(3) && toUInt(w[1], id)) {
-        const int key = keyByName(w[2].text);
-        if (!key)
-            return QStringLiteral("unknown key %1").arg(w[2].text);
-        user.Key(id, key);
-    } else if (verb == QLatin1String("tab") && need(3) && toUInt(w[1], id) && toInt(w[2], a)) {
-        user.SwitchTab(id, a);
-    } else if (verb == QLatin1String("press") && need(4) && toUInt(w[1], id) && toDouble(w[2], x) &&
-               toDouble(w[3], y)) {
-        user.Press(id, x, y);
-    } else if (verb == QLatin1String("answer") && need(2)) {
-        static const QMap<QString, int> answers = {{QStringLiteral("ok"), ulo::IDOK},
-                                                   {QStringLiteral("yes"), ulo::IDYES},
-                                                   {QStringLiteral("no"), ulo::IDNO},
-                                                   {QStringLiteral("cancel"), ulo::IDCANCEL}};
-        if (!answers.contains(w[1].text))
-            return QStringLiteral("unknown answer %1").arg(w[1].text);
-        user.Answer(answers.value(w[1].text));
-    } else if (verb == QLatin1String("file") && need(2)) {
-        if (!w[1].quoted && w[1].text == QLatin1String("cancel"))
-            user.CancelFile();
-        else
-            user.AnswerFile(w[1].text);
-    } else if (verb == QLatin1String("read") && need(2) && toUInt(w[1], id)) {
-        user.Read(id);
-    } else if (verb == QLatin1String("shot") && need(2)) {
-        user.Shot(w[1].text);
-    } else if (verb == QLatin1String("help") && need(1)) {
-        user.Help();
-    } else if (verb == QLatin1String("close") && need(1)) {
-        user.Close();
-    } else {
+QString queueStep(ScriptedUser& user, const Statement& s) {
+    const QString& verb = s.words[0].text;
+    const auto form = stepForms().constFind(verb);
+    if (form == stepForms().constEnd())
         return QStringLiteral("bad step: %1").arg(verb);
-    }
-    return {};
+    StepValues values;
+    if (const QString error = readStep(s, QLatin1String(form->form), values); !error.isEmpty())
+        return error;
+    user.SetLine(s.line);
+    return form->queue(user, values);
 }
 
 }  // namespace
@@ -251,11 +396,14 @@ bool Player::TopLevel(const Statement& s) {
     const auto& w = s.words;
     const QString verb = w[0].text;
     if (verb == QLatin1String("layout")) {
-        int n = -1;
-        if (w.size() != 2 || !toInt(w[1], n) || n < 0 || n > 3)
-            Error(s.line, QStringLiteral("layout needs 0..3"));
+        QString why;
+        const std::optional<int> n =
+            w.size() == 2 && !w[1].quoted ? ReadInt(w[1].text, why) : std::optional<int>();
+        if (!n || *n < 0 || *n > 3)
+            Error(s.line, why.isEmpty() ? QStringLiteral("layout needs 0..3")
+                                        : QStringLiteral("layout needs 0..3: %1").arg(why));
         else
-            CPalmDevice::SetLayoutOverride(n);
+            CPalmDevice::SetLayoutOverride(*n);
         return true;
     }
     if (verb == QLatin1String("end")) {

@@ -28,18 +28,32 @@ struct OperationCall {
     /// JSON value would print -0 as 0.
     QMap<QString, double> numbers;
     QString error;  ///< set when the arguments are wrong
-    /// The values read with Number and Text (an argument or its default): an
-    /// out-parameter of the same name must keep its value when cancelled.
+    /// The values read with Number, Short, Int and Text (an argument or its
+    /// default): an out-parameter of the same name must keep its value when
+    /// cancelled.
     QMap<QString, double> numberInputs;
     QMap<QString, QString> textInputs;
 
+    /// The argument @p name as a number of the type, or @p fallback when it
+    /// is not given. One that is given but is not a number of the type (see
+    /// ScriptNumbers.h) sets error, naming it and why, and gives @p fallback.
     double Number(const QString& name, double fallback);
-    bool Flag(const QString& name, bool fallback) const;
+    short Short(const QString& name, short fallback);
+    int Int(const QString& name, int fallback);
+    bool Flag(const QString& name, bool fallback);
     QString Text(const QString& name, const QString& fallback);
+    /// False once an argument was refused: the operation returns without
+    /// running its dialog. Read every argument before asking.
+    bool ArgumentsOk() const { return error.isEmpty(); }
     /// The host's CAD instance and view, for operations that work on the
-    /// drawing; null when the host has none (the operation then sets error).
+    /// drawing; null when the host has none (the operation then sets error)
+    /// or when an argument was refused.
     CVELD* CAD();
     CVELDView* View();
+
+private:
+    template <class T, class Reader>
+    T Read(const QString& name, T fallback, Reader read);
 };
 
 /// One factory operation of the player: returns the operation's result.

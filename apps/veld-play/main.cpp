@@ -10,6 +10,7 @@
 
 #include "DrawingHost.h"
 #include "Player.h"
+#include "ScriptNumbers.h"
 #include "factory/IVELDDlgFactory.h"
 #include "ulo/PalmDevice.h"
 
@@ -48,9 +49,11 @@ int main(int argc, char** argv) {
             if (!next(password))
                 return std::cerr << kUsage, 2;
         } else if (a == QLatin1String("--layout")) {
-            bool ok = false;
-            if (!next(v) || (layout = v.toInt(&ok), !ok) || layout < 0 || layout > 3)
+            QString why;
+            const std::optional<int> n = next(v) ? veldplay::ReadInt(v, why) : std::nullopt;
+            if (!n || *n < 0 || *n > 3)
                 return std::cerr << "veld-play: --layout needs 0..3\n", 2;
+            layout = *n;
         } else if (scriptPath.isEmpty() &&
                    (a == QLatin1String("-") || !a.startsWith(QLatin1Char('-')))) {
             scriptPath = a;

@@ -96,6 +96,15 @@ QString nonFinite(const QJsonValue& v, const QString& where) {
     return {};
 }
 
+/// One step of splitmix64 from the state @p z: a bijection that spreads
+/// every bit of its input over the whole output.
+std::uint64_t splitmix64(std::uint64_t z) {
+    z += 0x9E3779B97F4A7C15u;
+    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
+    z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
+    return z ^ (z >> 31);
+}
+
 /// Ends the process with the session so far when a call does not return.
 class Watchdog {
 public:
@@ -130,6 +139,13 @@ private:
 
 }  // namespace
 
+std::uint64_t SessionSeed(std::uint64_t seed, std::uint64_t n) {
+    // The run seed is mixed before n is added, so that runs of neighbouring
+    // seeds count from far apart; the sum is mixed again, so that neighbouring
+    // sessions are unlike.
+    return splitmix64(splitmix64(seed) + n);
+}
+
 QStringList AllOperations() {
     return veldplay::Operations().keys();
 }
@@ -141,9 +157,10 @@ QStringList BuiltOperations(IVELDDlgFactory* factory) {
     return veldplay::BuiltOperations(factory, host);
 }
 
-SessionResult RunSession(IVELDDlgFactory* factory, const QString& op, int layout, unsigned seed,
-                         const QStringList& corpus) {
-    std::mt19937 rng(seed);
+SessionResult RunSession(IVELDDlgFactory* factory, const QString& op, int layout,
+                         std::uint64_t seed, const QStringList& corpus) {
+    std::seed_seq seeds{static_cast<std::uint32_t>(seed), static_cast<std::uint32_t>(seed >> 32)};
+    std::mt19937 rng(seeds);
     veldplay::DrawingHost host;
     QString error;
     host.Open(QString(), true, QString(), error);
@@ -154,7 +171,11 @@ SessionResult RunSession(IVELDDlgFactory* factory, const QString& op, int layout
     call.factory = factory;
     call.host = &host;
     call.args = randomArgs(op, rng);
-    const QString header = QStringLiteral("%1 layout %2 seed %3").arg(op).arg(layout).arg(seed);
+    const QString header =
+        QStringLiteral("veld-sessions --operation %1 --layout %2 --session-seed %3")
+            .arg(op)
+            .arg(layout)
+            .arg(seed);
 
     const QByteArray before = state(cad);
     const int commandsBefore = cad.GetUndoList().GetCount();

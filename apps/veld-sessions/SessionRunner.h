@@ -14,6 +14,7 @@
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
+#include <cstdint>
 #include <vector>
 
 class IVELDDlgFactory;
@@ -28,9 +29,15 @@ struct SessionResult {
     QJsonObject returned;  ///< what the operation returned, as veld-play prints it
 };
 
-/// Runs one session of @p operation in @p layout (0..3) with @p seed.
+/// The seed of session @p n of the run with @p seed: the two mixed
+/// (splitmix64), so that runs with different seeds, however near, share no
+/// sessions, as they would with seed + n.
+std::uint64_t SessionSeed(std::uint64_t seed, std::uint64_t n);
+
+/// Runs one session of @p operation in @p layout (0..3) with @p seed. The
+/// script is headed by the veld-sessions command that runs it again.
 SessionResult RunSession(IVELDDlgFactory* factory, const QString& operation, int layout,
-                         unsigned seed, const QStringList& corpus);
+                         std::uint64_t seed, const QStringList& corpus);
 
 /// The factory operations whose dialog shows, found by calling each one once
 /// with a user who closes whatever appears.

@@ -1,14 +1,12 @@
-// veld-sessions [--sessions N] [--seed S] [--operation OP]... [--layout L] [--print 1]
-// Runs N random user sessions (default 100) over the factory operations whose
-// dialog is built (or the ones named), in every layout (or one), seeds S,
-// S+1, ... (default 1), and prints each failure with the veld-play script
-// that replays it (with --print 1, every session's script). Exit status 0
-// when every session kept every promise.
+// veld-sessions: random user sessions over the factory operations, each
+// checked for what every operation promises; a failure prints the veld-play
+// script that replays it. The options are in Options.cpp (--help).
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMap>
 #include <cstdio>
 
+#include "Options.h"
 #include "SessionRunner.h"
 #include "automation/HostileTexts.h"
 #include "factory/IVELDDlgFactory.h"
@@ -17,58 +15,55 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    QStringList args = app.arguments().mid(1);
-    long sessions = 100;
-    unsigned seed = 1;
-    QStringList ops;
-    int onlyLayout = -1;
-    bool print = false;
-    for (int i = 0; i + 1 < args.size(); i += 2) {
-        const QString& a = args[i];
-        const QString& v = args[i + 1];
-        if (a == QLatin1String("--sessions"))
-            sessions = v.toLong();
-        else if (a == QLatin1String("--seed"))
-            seed = v.toUInt();
-        else if (a == QLatin1String("--operation"))
-            ops << v;
-        else if (a == QLatin1String("--layout"))
-            onlyLayout = v.toInt();
-        else if (a == QLatin1String("--print"))
-            print = v == QLatin1String("1");
-        else
-            return std::fprintf(stderr, "veld-sessions: unknown argument %s\n", qPrintable(a)), 2;
-    }
-    if (args.size() % 2)
-        return std::fprintf(stderr, "veld-sessions: %s needs a value\n", qPrintable(args.last())),
-               2;
+    sessions::Options options;
     QString error;
+    switch (
+        sessions::ParseOptions(app.arguments().mid(1), sessions::AllOperations(), options, error)) {
+        case sessions::Command::Help:
+            std::fputs(qPrintable(sessions::Usage()), stdout);
+            return 0;
+        case sessions::Command::Wrong:
+            std::fprintf(stderr, "veld-sessions: %s\n(veld-sessions --help tells more)\n",
+                         qPrintable(error));
+            return 2;
+        case sessions::Command::Run:
+            break;
+    }
     const QStringList corpus = automation::HostileTexts(&error);
     if (corpus.isEmpty())
         return std::fprintf(stderr, "veld-sessions: %s\n", qPrintable(error)), 2;
     IVELDDlgFactory* factory = CreateFactory();
+    QStringList ops = options.operations;
     if (ops.isEmpty())
         ops = sessions::BuiltOperations(factory);
-    std::printf("seed %u, %ld sessions over %s\n", seed, sessions,
-                qPrintable(ops.join(QStringLiteral(", "))));
+    const unsigned long long count = options.sessionSeed ? 1 : options.sessions;
+    if (options.sessionSeed)
+        std::printf("session seed %llu, %s\n",
+                    static_cast<unsigned long long>(*options.sessionSeed), qPrintable(ops[0]));
+    else
+        std::printf("seed %llu, %llu sessions over %s\n",
+                    static_cast<unsigned long long>(options.seed), count,
+                    qPrintable(ops.join(QStringLiteral(", "))));
     std::fflush(stdout);
 
     QMap<QString, int> runs, failed;
-    long failures = 0;
+    unsigned long long failures = 0;
     QElapsedTimer clock;
     clock.start();
-    for (long n = 0; n < sessions && !ops.isEmpty(); ++n) {
-        const QString& op = ops[static_cast<int>(n % ops.size())];
-        const int layout = onlyLayout >= 0 ? onlyLayout : static_cast<int>((n / ops.size()) % 4);
-        const unsigned s = seed + static_cast<unsigned>(n);
-        const sessions::SessionResult r = sessions::RunSession(factory, op, layout, s, corpus);
+    for (unsigned long long n = 0; n < count && !ops.isEmpty(); ++n) {
+        const auto width = static_cast<unsigned long long>(ops.size());
+        const QString& op = ops[static_cast<qsizetype>(n % width)];
+        const int layout = options.layout >= 0 ? options.layout : static_cast<int>((n / width) % 4);
+        const std::uint64_t seed =
+            options.sessionSeed ? *options.sessionSeed : sessions::SessionSeed(options.seed, n);
+        const sessions::SessionResult r = sessions::RunSession(factory, op, layout, seed, corpus);
         ++runs[op];
         if ((n + 1) % 1000 == 0) {
-            std::printf("%ld sessions, %ld failed, %.1f s\n", n + 1, failures,
+            std::printf("%llu sessions, %llu failed, %.1f s\n", n + 1, failures,
                         clock.elapsed() / 1000.0);
             std::fflush(stdout);
         }
-        if (print && r.ok)
+        if (options.print && r.ok)
             std::printf("%s\n", qPrintable(r.script));
         if (!r.ok) {
             ++failures;
@@ -80,6 +75,6 @@ int main(int argc, char** argv) {
     for (auto it = runs.begin(); it != runs.end(); ++it)
         std::printf("%-24s %6d sessions, %d failed\n", qPrintable(it.key()), it.value(),
                     failed.value(it.key()));
-    std::printf("%ld sessions, %ld failed, %.1f s\n", sessions, failures, clock.elapsed() / 1000.0);
+    std::printf("%llu sessions, %llu failed, %.1f s\n", count, failures, clock.elapsed() / 1000.0);
     return failures ? 1 : 0;
 }

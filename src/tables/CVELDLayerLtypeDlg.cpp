@@ -8,6 +8,27 @@
 
 namespace veld5 {
 
+namespace {
+
+/// The "Show :" filter. It takes the focus before its list drops down, as a
+/// tap on it does: the name editor ends first, and the warning of a refused
+/// name comes and goes before the list opens instead of closing it under the
+/// user's finger, so the item picked is still the filter.
+class FilterCombo : public CCEBaseKeybCombo {
+public:
+    using CCEBaseKeybCombo::CCEBaseKeybCombo;
+
+    void showPopup() override {
+        if (!hasFocus())
+            setFocus(Qt::OtherFocusReason);
+        // The dialog may have ended while the warning was up.
+        if (isVisible())
+            CCEBaseKeybCombo::showPopup();
+    }
+};
+
+}  // namespace
+
 CVELDLayerLtypeDlg::CVELDLayerLtypeDlg(CLayerLtypeCtrlDlg* controller, CVELD* cad, CWnd* parent,
                                        int templateId, ControlIds ids)
     : CExDialog(static_cast<unsigned>(templateId), parent),
@@ -32,6 +53,8 @@ int CVELDLayerLtypeDlg::ShowMessage(const wchar_t* caption, const wchar_t* text,
 void CVELDLayerLtypeDlg::OnEndEditItem(QString, int) {}
 
 QWidget* CVELDLayerLtypeDlg::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) {
+    if (ctrl.id == ids_.filter)
+        return new FilterCombo(parent);
     if (ctrl.id != kIdNameEdit)
         return nullptr;
     nameEdit_ = new CListEdit(this, parent);

@@ -371,6 +371,97 @@ TEST(VeldPlayDrawing, SaveThenOpenGivesTheSameDrawing) {
     EXPECT_NE(at(d[0], "entities"), at(dumpOf(CVELD()), "entities"));
 }
 
+// An operation's argument is a number of its type or it is refused: the
+// error names the argument and why, and the dialog does not run. Values at
+// the ends of a type's range, a leading '+', and flags in any letter case are
+// taken as they are.
+TEST(VeldPlay, OperationArgumentsAreNumbersOfTheirTypeOrRefused) {
+    struct {
+        const char* call;
+        const char* error;     ///< the error, or null when the call runs
+        const char* returned;  ///< with no error: what the return event holds
+    } const rows[] = {
+        {"ShowDlgColor start=abc", "argument start: \"abc\" is not a whole number", nullptr},
+        {"ShowDlgColor start=32768", "argument start: \"32768\" is out of range (-32768 to 32767)",
+         nullptr},
+        {"ShowDlgColor byLayer=-32769",
+         "argument byLayer: \"-32769\" is out of range (-32768 to 32767)", nullptr},
+        {"ShowDlgColor byBlock=7x", "argument byBlock: \"7x\" is not a whole number", nullptr},
+        {"ShowDlgColor chosen=1.5", "argument chosen: \"1.5\" is not a whole number", nullptr},
+        {"ShowDlgColor logical=maybe",
+         "argument logical: \"maybe\" is not 1 or 0 (true or false, yes or no)", nullptr},
+        {"ShowDlgCalibraLineare image=99999999999",
+         "argument image: \"99999999999\" is out of range (-2147483648 to 2147483647)", nullptr},
+        {"ShowDlgHatch hatch=\" 3\"", "argument hatch: \" 3\" is not a whole number", nullptr},
+        {"ShowDlgGetDouble value=nan", "argument value: \"nan\" is not a finite number", nullptr},
+        {"ShowDlgGetDouble value=-inf", "argument value: \"-inf\" is not a finite number", nullptr},
+        {"ShowDlgGetDouble value=1e400", "argument value: \"1e400\" is out of range for a double",
+         nullptr},
+        {"ShowDlgGetDouble value=0x10", "argument value: \"0x10\" is not a number", nullptr},
+        {"ShowDlgGetDouble value=1,5", "argument value: \"1,5\" is not a number", nullptr},
+        {"ShowDlgGetDouble allowZero=2",
+         "argument allowZero: \"2\" is not 1 or 0 (true or false, yes or no)", nullptr},
+        {"ShowDlgRotate angle=", "argument angle: \"\" is not a number", nullptr},
+        {"ShowDlgInsText y=abc", "argument y: \"abc\" is not a number", nullptr},
+        {"ShowDlSnapInsertPnt z=infinity", "argument z: \"infinity\" is not a finite number",
+         nullptr},
+        {"ShowDlgProperty undoable=on",
+         "argument undoable: \"on\" is not 1 or 0 (true or false, yes or no)", nullptr},
+        {"GetDlgPasswordRequest retry=2",
+         "argument retry: \"2\" is not 1 or 0 (true or false, yes or no)", nullptr},
+        {"ShowDlgColor start=-1 chosen=-32768", nullptr, "\"chosen\":-32768}"},
+        {"ShowDlgColor chosen=+32767 logical=FALSE", nullptr, "\"chosen\":32767}"},
+        {"ShowDlgRotate angle=-1e-3", nullptr, "\"angle\":-0.001}"},
+        {"ShowDlgGetDouble value=+2.5 allowZero=No", nullptr, "\"value\":2.5}"},
+    };
+    for (const auto& r : rows) {
+        SampleHost sample;
+        const PlayRun run = play(sample.host, QString("call %1\n  close\nend\n").arg(r.call));
+        if (!r.error) {
+            EXPECT_EQ(run.errors, 0) << r.call << "\n" << run.text.toStdString();
+            EXPECT_TRUE(run.text.contains(r.returned)) << r.call << "\n" << run.text.toStdString();
+            continue;
+        }
+        EXPECT_EQ(run.errors, 1) << r.call << "\n" << run.text.toStdString();
+        expectFields(run, "error", {{"line", 1}, {"message", QString::fromUtf8(r.error)}});
+        EXPECT_EQ(run.Count("dialog"), 0) << r.call;
+        EXPECT_EQ(run.Count("return"), 0) << r.call;
+    }
+}
+
+// A step's ids, rows, columns, indices and fractions are numbers of their
+// kind or the step is refused, naming the word and why; nothing runs.
+TEST(VeldPlay, StepNumbersAreNumbersOfTheirKindOrRefused) {
+    struct {
+        const char* step;
+        const char* error;
+    } const rows[] = {
+        {"click -1", "click ID: \"-1\" is out of range (0 to 4294967295)"},
+        {"click 4294967296", "click ID: \"4294967296\" is out of range (0 to 4294967295)"},
+        {"click \"11196\"", "click ID: \"11196\" is a quoted text, not a number"},
+        {"read 11195x", "read ID: \"11195x\" is not a whole number"},
+        {"tap 1129 1x 0", "tap ROW: \"1x\" is not a whole number"},
+        {"dtap 1129 0 99999999999",
+         "dtap COL: \"99999999999\" is out of range (-2147483648 to 2147483647)"},
+        {"pick 1128 2.0", "pick INDEX: \"2.0\" is not a whole number"},
+        {"check 2000 +", "check ROW: \"+\" is not a whole number"},
+        {"header 1129 0x1", "header COL: \"0x1\" is not a whole number"},
+        {"tab 11 one", "tab INDEX: \"one\" is not a whole number"},
+        {"press 11187 nan 0.5", "press FX: \"nan\" is not a finite number"},
+        {"press 11187 0.5 1.5", "press FY: \"1.5\" is not a fraction from 0 to 1"},
+        {"press 11187 -0.5 0.5", "press FX: \"-0.5\" is not a fraction from 0 to 1"},
+        {"press 11187 1e999 0.5", "press FX: \"1e999\" is out of range for a double"},
+        {"press 11187 0.5", "bad step: press takes ID FX FY"},
+        {"close now", "bad step: close takes no words"},
+    };
+    for (const auto& r : rows) {
+        const PlayRun run = play(QString("call ShowDlgColor\n  %1\n  close\nend\n").arg(r.step));
+        EXPECT_EQ(run.errors, 1) << r.step << "\n" << run.text.toStdString();
+        expectFields(run, "error", {{"line", 2}, {"message", QString::fromUtf8(r.error)}});
+        EXPECT_EQ(run.Count("dialog"), 0) << r.step;
+    }
+}
+
 // --- The command line ------------------------------------------------------
 
 namespace {

@@ -1,13 +1,19 @@
+// Command-line arguments in this file are ASCII literals: let them convert.
+#undef QT_NO_CAST_FROM_ASCII
 // Random user sessions on every factory operation whose dialog is built, in
 // the four layouts: a few per operation and layout here; veld-sessions runs
 // any number. An operation that shows no dialog yet is skipped, and joins by
-// itself once it does.
+// itself once it does. Also the seeds of a run's sessions, the tool's command
+// line, and sessions that once failed, replayed.
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 #include <tuple>
 
 #include <QJsonDocument>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QTextStream>
 
 #include "DrawingHost.h"
@@ -81,6 +87,154 @@ TEST(SessionScripts, ReplayWithVeldPlayToTheSameReturn) {
             EXPECT_EQ(returned, r.returned) << r.script.toStdString() << printed.toStdString();
         }
     }
+}
+
+// Runs with different seeds, however near, share no session: the seeds of
+// their first few thousand sessions are all different.
+TEST(SessionSeeds, RunsOfNearbySeedsShareNoSession) {
+    constexpr std::uint64_t kSessions = 5000;
+    const struct {
+        std::uint64_t a, b;
+    } runs[] = {{1, 2}, {0, 1}, {41, 42}, {1, 1000}, {0, 0xFFFFFFFFFFFFFFFFu}};
+    for (const auto& r : runs) {
+        std::set<std::uint64_t> seen;
+        for (std::uint64_t n = 0; n < kSessions; ++n) {
+            seen.insert(sessions::SessionSeed(r.a, n));
+            seen.insert(sessions::SessionSeed(r.b, n));
+        }
+        EXPECT_EQ(seen.size(), 2 * kSessions) << "seeds " << r.a << " and " << r.b;
+    }
+}
+
+// Sessions that once lost a filter pick to the warning of a refused layer
+// name (veld-sessions runs, seeds added one by one), with their dialog ended:
+// they replay without an error and the filter shows the item picked.
+TEST(SessionScripts, FilterPickedAfterARefusedLayerNameReplaysCleanly) {
+    const struct {
+        const char* steps;
+        int filter;
+    } rows[] = {
+        {"  tap 1129 11 0\n  set 11132 \"C:\\\\Windows\\\\System32\\\\..\\\\veld.lin\"\n"
+         "  set 11132 \"12345.678\"\n  pick 1128 2\n  answer ok\n",
+         2},
+        {"  click 1132\n  tap 1129 5 2\n  click 1132\n  tap 1129 3 2\n  tap 1129 10 0\n"
+         "  set 11132 \"-1,25e3\"\n  pick 1128 1\n  answer ok\n",
+         1},
+        {"  click 1130\n  click 1130\n  tap 1129 11 0\n  set 11132 \"%s%n%x%%\"\n"
+         "  pick 1128 1\n  answer ok\n",
+         1},
+        {"  click 1130\n  click 1130\n  pick 1128 2\n  click 1131\n  answer ok\n  click 1132\n"
+         "  tap 1129 1 0\n  set 11132 \"\\t \\t \"\n  pick 1128 1\n  answer ok\n",
+         1},
+    };
+    IVELDDlgFactory* factory = CreateFactory();
+    for (const auto& r : rows) {
+        const QString script = QStringLiteral("layout 0\ncall ShowDlgLayer\n") +
+                               QString::fromUtf8(r.steps) +
+                               QStringLiteral("  read 1128\n  click 2\nend\n");
+        veldplay::DrawingHost host;
+        QString error;
+        ASSERT_TRUE(host.Open(QString(), true, QString(), error));
+        QString printed;
+        QTextStream out(&printed);
+        EXPECT_EQ(veldplay::Player(factory, &host, out).Run(script), 0) << script.toStdString();
+        out.flush();
+        int selected = -1;
+        for (const QString& line : printed.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+            const QJsonObject e = QJsonDocument::fromJson(line.toUtf8()).object();
+            if (e.value(QStringLiteral("event")) == QLatin1String("control"))
+                selected = e.value(QStringLiteral("selected")).toInt(-1);
+        }
+        EXPECT_EQ(selected, r.filter) << script.toStdString() << printed.toStdString();
+    }
+}
+
+// --- The command line ------------------------------------------------------
+
+namespace {
+
+struct Outcome {
+    int exitCode = -1;
+    QString out, err;
+};
+
+Outcome runVeldSessions(const QStringList& args) {
+    QProcess p;
+    p.start(QStringLiteral(VELD_SESSIONS_EXE), args);
+    Outcome o;
+    if (!p.waitForStarted() || !p.waitForFinished(120000))
+        return o;
+    o.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+    o.out = QString::fromUtf8(p.readAllStandardOutput());
+    o.err = QString::fromUtf8(p.readAllStandardError());
+    return o;
+}
+
+}  // namespace
+
+// --help answers with the usage; a wrong argument or value is refused with
+// what is wrong and status 2, before any session runs.
+TEST(VeldSessionsCommandLine, HelpAndRefusals) {
+    const struct {
+        QStringList args;
+        int exitCode;
+        const char* out;  ///< what standard output holds; "": nothing
+        const char* err;  ///< what the tool says on standard error; "": nothing
+    } rows[] = {
+        {{"--help"}, 0, "usage: veld-sessions", ""},
+        {{"--seed", "3", "-h"}, 0, "usage: veld-sessions", ""},
+        {{"--sessions", "abc"}, 2, "", "--sessions needs a number of sessions: \"abc\" is not"},
+        {{"--sessions", "-5"}, 2, "", "--sessions needs a number of sessions: \"-5\" is out"},
+        {{"--seed", "-1"}, 2, "", "--seed needs a seed: \"-1\" is out of range"},
+        {{"--seed", "1x"}, 2, "", "--seed needs a seed: \"1x\" is not a whole number"},
+        {{"--layout", "7"}, 2, "", "--layout needs 0..3: \"7\" is not a layout"},
+        {{"--layout"}, 2, "", "--layout needs a value"},
+        {{"--print", "maybe"}, 2, "", "--print needs 0 or 1"},
+        {{"--bogus", "1"}, 2, "", "unknown argument --bogus"},
+        {{"--operation", "ShowDlgNothing"}, 2, "", "unknown operation ShowDlgNothing"},
+        {{"--session-seed", "5"}, 2, "", "--session-seed needs one --operation"},
+        {{"--session-seed", "5", "--seed", "3", "--operation", "ShowDlgRotate"},
+         2,
+         "",
+         "--session-seed runs one session"},
+    };
+    for (const auto& r : rows) {
+        const std::string what = r.args.join(QLatin1Char(' ')).toStdString();
+        const Outcome o = runVeldSessions(r.args);
+        EXPECT_EQ(o.exitCode, r.exitCode) << what << "\n" << o.err.toStdString();
+        EXPECT_TRUE(*r.out ? o.out.contains(QString::fromUtf8(r.out)) : o.out.isEmpty())
+            << what << " printed " << o.out.toStdString();
+        // Qt may warn on standard error about the machine; the tool's own
+        // lines begin with its name.
+        EXPECT_TRUE(*r.err ? o.err.contains("veld-sessions: " + QString::fromUtf8(r.err))
+                           : !o.err.contains("veld-sessions:"))
+            << what << " printed " << o.err.toStdString();
+    }
+}
+
+// Each session's script is headed by the command that runs it again: the
+// session's own seed, which gives the same session.
+TEST(VeldSessionsCommandLine, TheCommandHeadingASessionRunsItAgain) {
+    const Outcome run = runVeldSessions(
+        {"--operation", "ShowDlgGetDouble", "--seed", "5", "--sessions", "3", "--print", "1"});
+    ASSERT_EQ(run.exitCode, 0) << run.out.toStdString() << run.err.toStdString();
+    const QRegularExpression script(
+        QStringLiteral("^# veld-sessions (--operation \\S+ --layout \\d --session-seed (\\d+))\n"
+                       "(?:.*\n)*?end\n"),
+        QRegularExpression::MultilineOption);
+    int scripts = 0;
+    for (auto it = script.globalMatch(run.out); it.hasNext(); ++scripts) {
+        const QRegularExpressionMatch m = it.next();
+        const QStringList again =
+            m.captured(1).split(QLatin1Char(' ')) + QStringList{"--print", "1"};
+        const Outcome replay = runVeldSessions(again);
+        EXPECT_EQ(replay.exitCode, 0) << replay.out.toStdString();
+        EXPECT_TRUE(replay.out.contains(m.captured(0)))
+            << "ran\n"
+            << m.captured(0).toStdString() << "again as\n"
+            << replay.out.toStdString();
+    }
+    EXPECT_EQ(scripts, 3) << run.out.toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryOperation, Sessions,

@@ -318,6 +318,58 @@ TEST_F(LayersDialogTest, FilterAndNewLayer) {
     EXPECT_EQ(drawingfile::Dump(cad), before);
 }
 
+// Opening the filter while the name editor holds a name the rules refuse ends
+// the edit first: the warning shows, the layer keeps its name, and then the
+// item picked is the filter.
+TEST_F(LayersDialogTest, FilterPickedWhileARefusedNameIsInTheEditorTakesEffectAfterTheWarning) {
+    const struct {
+        const char* name;
+        QString message;
+        int filter;
+        const char* listed;
+        const char* leftOut;
+    } cases[] = {
+        {"", Q("Layer name invalid.\r\n\r\nThe name must contain at least one character!"), 2,
+         "SPARE", "TREES"},
+        {"Trees", Q("Layer name invalid.\r\n\r\nThe name must be unique"), 1, "TREES", "SPARE"},
+        {"MAIN ROADS",
+         Q("Layer name invalid.\r\n\r\nThe layer names must consist of the following "
+           "letters:\r\n\tA - Z\r\n\t0 - 9\r\n\t$_-"),
+         2, "SPARE", "TREES"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        ScriptedUser user;
+        QString names;
+        int picked = -1;
+        bool kept = false;
+        user.Inspect([&](QWidget* w) {
+            user.Tap(kList, RowOf(w, Q("ROADS")), 0)
+                .SetText(kNameEdit, Q(c.name))
+                .Pick(kFilter, c.filter)
+                .Answer(ulo::IDOK)
+                .Inspect([&](QWidget* w) {
+                    names = Names(w);
+                    picked = ScriptedUser::ControlState(ulo::FindControl(w, kFilter))
+                                 .value(QStringLiteral("selected"))
+                                 .toInt(-1);
+                    kept = Layer(L"ROADS") != nullptr;
+                })
+                .Click(ulo::IDCANCEL);
+        });
+        factory->ShowDlgLayer(nullptr, cad);
+        ExpectFinished(user);
+        ASSERT_EQ(user.Messages().size(), 1u);
+        EXPECT_EQ(user.Messages()[0].text, c.message);
+        EXPECT_EQ(picked, c.filter);
+        const QStringList listed = names.split(u',');
+        EXPECT_TRUE(listed.contains(Q(c.listed)) && !listed.contains(Q(c.leftOut)))
+            << names.toStdString();
+        EXPECT_TRUE(kept);
+        EXPECT_EQ(drawingfile::Dump(cad), before);
+    }
+}
+
 // A whole visit: a new layer renamed, coloured and given a line type, made
 // current, another layer deleted. OK makes it one undo step.
 TEST_F(LayersDialogTest, VisitIsOneUndoStep) {
