@@ -236,6 +236,17 @@ SessionResult RunSession(IVELDDlgFactory* factory, const QString& op, int layout
     if (const QString where = nonFinite(QJsonDocument::fromJson(after).object(), QString());
         !where.isEmpty())
         faults << QStringLiteral("no number at %1 (NaN or infinity)").arg(where);
+    // What the session left, its drawing file gives back.
+    {
+        const QByteArray written = drawingfile::Write(cad);
+        veldplay::DrawingHost reopened;
+        QString why;
+        reopened.Open(QString(), false, QString(), why);
+        if (!drawingfile::Read(*reopened.GetCAD(), written, why))
+            faults << QStringLiteral("the drawing file it saves does not open: ") + why;
+        else if (drawingfile::Write(*reopened.GetCAD()) != written)
+            faults << QStringLiteral("the drawing file it saves opens as another drawing");
+    }
 
     // A yes-or-no operation answers yes exactly when its dialog ended with OK.
     if (r.dialogShown && result.isBool() && result.toBool() != confirmed)
