@@ -19,14 +19,43 @@
 
 namespace {
 
-struct Scene {
+using ulo::geom::PNT_3D;
+
+/// A drawing and what the renderer needs beside it.
+struct Drawn {
     CVELD cad;
     veld::CData* data = cad.GetData();
-    veld::CLayer* layer = nullptr;
     veld::CDrawing* set = data->GetDrawingManager()->GetActiveDrawing(0);
-    veld::CEnt* line = nullptr;
+    veld::CLayer* layer = veld::FindLayer(data, L"0");
+    veld::CLtype* byLayer = data->GetLtypeTable().GetLtypeByLayer();
     CGrid grid;
     drawingrender::CDrawingIndex index;
+
+    veld::CEnt* Add(veld::CEnt* e) {
+        data->GetEntTable().Add(e);
+        e->SubReference();
+        return e;
+    }
+    veld::CEnt* Line(PNT_3D a, PNT_3D b, short colour, veld::CLtype* ltype = nullptr) {
+        return Add(new veld::CEntLine(a, b, layer, ltype ? ltype : byLayer, colour, set));
+    }
+    veld::CLtype* Ltype(const wchar_t* name, const veld::CLtypeComplexDashSeq& seq) {
+        veld::CLtype* t = data->GetObjectFactory()->CreateLtype(name, L"", seq, 0, 0);
+        data->GetLtypeTable().Add(t);
+        t->SubReference();
+        return t;
+    }
+    QImage Picture(const ViewTransform& view) {
+        QImage image(view.size.toSize(), QImage::Format_RGB32);
+        QPainter p(&image);
+        drawingrender::Paint(p, cad, grid, view, index);
+        return image;
+    }
+};
+
+/// A red layer and a horizontal line on it through the middle of the picture.
+struct Scene : Drawn {
+    veld::CEnt* line = nullptr;
     // An odd size puts the map origin at the centre of pixel (50, 50).
     ViewTransform view{QPointF(0, 0), 10.0, QSizeF(101, 101)};
 
@@ -35,20 +64,12 @@ struct Scene {
             L"RED", data->GetLtypeTable().GetLtypeContinuous(), 1, veld::kLineWidthDefault, 0, 0);
         data->GetLayerTable().Add(layer);
         layer->SubReference();
-        // A horizontal line through the middle of the picture.
-        line = new veld::CEntLine({-4, 0, 0}, {4, 0, 0}, layer,
-                                  data->GetLtypeTable().GetLtypeByLayer(), 256, set);
-        data->GetEntTable().Add(line);
-        line->SubReference();
+        line = Line({-4, 0, 0}, {4, 0, 0}, 256);
     }
     /// The colour drawn at (@p x, 0); at 0, the centre of pixel (50, 50).
     QColor pixelAt(double x = 0) {
-        QImage image(101, 101, QImage::Format_RGB32);
-        QPainter p(&image);
-        drawingrender::Paint(p, cad, grid, view, index);
-        p.end();
         const QPointF at = view.ToScreen(x, 0);
-        return image.pixelColor(static_cast<int>(at.x()), static_cast<int>(at.y()));
+        return Picture(view).pixelColor(static_cast<int>(at.x()), static_cast<int>(at.y()));
     }
 };
 
@@ -85,6 +106,30 @@ TEST(DrawingRenderer, ColoursResolveThroughLayerSetAndBackground) {
         {"an off layer is not drawn", [](Scene& s) { s.layer->SetOff(true); }, QColor(0, 0, 0)},
         {"nor a frozen one", [](Scene& s) { s.layer->SetFrozen(true); }, QColor(0, 0, 0)},
         {"nor a set that is off", [](Scene& s) { s.set->SetVisible(false); }, QColor(0, 0, 0)},
+        // Marks and painted entities keep the drawing order: a line a
+        // hundredth of a pixel long is one pixel, a point's cross is stamped.
+        {"a dot after the line is on top",
+         [](Scene& s) {
+             s.Line({0, 0, 0}, {0.001, 0, 0}, 3);
+         },
+         QColor(0, 255, 0)},
+        {"a line after the dot is on top",
+         [](Scene& s) {
+             s.Line({0, 0, 0}, {0.001, 0, 0}, 3);
+             s.Line({0, -4, 0}, {0, 4, 0}, 256);
+         },
+         QColor(255, 0, 0)},
+        {"a point after the line is on top",
+         [](Scene& s) {
+             s.Add(new veld::CEntPoint({0, 0, 0}, s.layer, s.byLayer, 5, s.set));
+         },
+         QColor(0, 0, 255)},
+        {"the later of two dots is on top",
+         [](Scene& s) {
+             s.Line({0, 0, 0}, {0.001, 0, 0}, 5);
+             s.Line({0, 0, 0}, {0.001, 0, 0}, 3);
+         },
+         QColor(0, 255, 0)},
     };
     for (const auto& c : cases) {
         Scene s;
@@ -110,10 +155,7 @@ TEST(DrawingRenderer, ADashedLineLeavesGapsScaledByTheLineTypeScale) {
     veld::CLtypeComplexDashSeq seq;
     seq.AddDashDouble(1.0);
     seq.AddDashDouble(-1.0);
-    veld::CLtype* dashed = s.data->GetObjectFactory()->CreateLtype(L"D", L"", seq, 0, 0);
-    s.data->GetLtypeTable().Add(dashed);
-    dashed->SubReference();
-    s.line->SetLtype(dashed);
+    s.line->SetLtype(s.Ltype(L"D", seq));
     // The pattern starts at x = -4: dashes of 1 unit and gaps of 1 unit, twice
     // as long at line type scale 2.
     EXPECT_EQ(s.pixelAt(-3.5), QColor(255, 0, 0)) << "inside the first dash";
@@ -123,92 +165,24 @@ TEST(DrawingRenderer, ADashedLineLeavesGapsScaledByTheLineTypeScale) {
     EXPECT_EQ(s.pixelAt(-1.5), QColor(0, 0, 0));
 }
 
-TEST(DrawingRenderer, MarksAndPaintedEntitiesKeepTheDrawingOrder) {
-    // The red line through pixel (50, 50) is drawn by the painter; a line a
-    // hundredth of a pixel long is one pixel, a point's cross is stamped.
-    const auto dot = [](Scene& s, short colour) {
-        auto* e = new veld::CEntLine({0, 0, 0}, {0.001, 0, 0}, s.layer,
-                                     s.data->GetLtypeTable().GetLtypeByLayer(), colour, s.set);
-        s.data->GetEntTable().Add(e);
-        e->SubReference();
-    };
-    const auto redLine = [](Scene& s) {
-        auto* e = new veld::CEntLine({0, -4, 0}, {0, 4, 0}, s.layer,
-                                     s.data->GetLtypeTable().GetLtypeByLayer(), 256, s.set);
-        s.data->GetEntTable().Add(e);
-        e->SubReference();
-    };
-    const struct {
-        const char* what;
-        std::function<void(Scene&)> add;
-        QColor expected;
-    } cases[] = {
-        {"a dot after the line is on top", [&](Scene& s) { dot(s, 3); }, QColor(0, 255, 0)},
-        {"a line after the dot is on top",
-         [&](Scene& s) {
-             dot(s, 3);
-             redLine(s);
-         },
-         QColor(255, 0, 0)},
-        {"a point after the line is on top",
-         [](Scene& s) {
-             auto* e = new veld::CEntPoint({0, 0, 0}, s.layer,
-                                           s.data->GetLtypeTable().GetLtypeByLayer(), 5, s.set);
-             s.data->GetEntTable().Add(e);
-             e->SubReference();
-         },
-         QColor(0, 0, 255)},
-        {"the later of two dots is on top",
-         [&](Scene& s) {
-             dot(s, 5);
-             dot(s, 3);
-         },
-         QColor(0, 255, 0)},
-    };
-    for (const auto& c : cases) {
-        Scene s;
-        c.add(s);
-        EXPECT_EQ(s.pixelAt(), c.expected) << c.what;
-    }
-}
-
 namespace {
 
 /// A plan of many small entities over 600 x 600 units about the origin, so
 /// that the index files them in small cells, to which a case adds its own.
-struct Plan {
-    CVELD cad;
-    veld::CData* data = cad.GetData();
-    veld::CDrawing* set = data->GetDrawingManager()->GetActiveDrawing(0);
-    veld::CLayer* layer = veld::FindLayer(data, L"0");
-    veld::CLtype* byLayer = data->GetLtypeTable().GetLtypeByLayer();
-    CGrid grid;
-    drawingrender::CDrawingIndex index;
-
+struct Plan : Drawn {
     Plan() {
         std::mt19937 rng(7);
         std::uniform_real_distribution<double> where(-300.0, 300.0);
         for (int i = 0; i < 3000; ++i) {
-            const ulo::geom::PNT_3D at{where(rng), where(rng), 0};
+            const PNT_3D at{where(rng), where(rng), 0};
             const auto colour = static_cast<short>(1 + i % 6);
             if (i % 10 == 0)
                 Add(new veld::CEntPoint(at, layer, byLayer, colour, set));
             else if (i % 10 == 1)
                 Add(new veld::CEntCircle(at, 0.4, layer, byLayer, colour, set));
             else
-                Add(new veld::CEntLine(at, {at.x + 1, at.y + 0.5, 0}, layer, byLayer, colour, set));
+                Line(at, {at.x + 1, at.y + 0.5, 0}, colour);
         }
-    }
-    veld::CEnt* Add(veld::CEnt* e) {
-        data->GetEntTable().Add(e);
-        e->SubReference();
-        return e;
-    }
-    QImage Picture(const ViewTransform& view) {
-        QImage image(view.size.toSize(), QImage::Format_RGB32);
-        QPainter p(&image);
-        drawingrender::Paint(p, cad, grid, view, index);
-        return image;
     }
 };
 
@@ -231,7 +205,6 @@ TEST(DrawingRenderer, AWindowShowsWhatTheWholePictureShowsThere) {
     // reaches into it from outside. Places are in pixels from the centre
     // (@p px map units to a pixel); at zoom 0.5 the plan's entities are
     // smaller than a pixel.
-    using veld::CEntLine;
     const struct {
         const char* what;
         std::function<void(Plan&, double)> add;
@@ -239,8 +212,7 @@ TEST(DrawingRenderer, AWindowShowsWhatTheWholePictureShowsThere) {
         {"the plan alone", [](Plan&, double) {}},
         {"a line across the window, its ends far outside",
          [](Plan& d, double px) {
-             d.Add(new CEntLine({-2000 * px, 5 * px, 0}, {2000 * px, -3 * px, 0}, d.layer,
-                                d.byLayer, 3, d.set));
+             d.Line({-2000 * px, 5 * px, 0}, {2000 * px, -3 * px, 0}, 3);
          }},
         {"short lines from outside into the window, across each side",
          [](Plan& d, double px) {
@@ -249,12 +221,8 @@ TEST(DrawingRenderer, AWindowShowsWhatTheWholePictureShowsThere) {
              for (const double off : {6.0, 12.0, 18.0, 24.0}) {
                  const double in = 30.5 + off - 30, out = 30.5 + off + 30, along = off - 15;
                  for (const double side : {-1.0, 1.0}) {
-                     d.Add(new CEntLine({side * in * px, along * px, 0},
-                                        {side * out * px, along * px, 0}, d.layer, d.byLayer, 3,
-                                        d.set));
-                     d.Add(new CEntLine({along * px, side * in * px, 0},
-                                        {along * px, side * out * px, 0}, d.layer, d.byLayer, 3,
-                                        d.set));
+                     d.Line({side * in * px, along * px, 0}, {side * out * px, along * px, 0}, 3);
+                     d.Line({along * px, side * in * px, 0}, {along * px, side * out * px, 0}, 3);
                  }
              }
          }},
@@ -281,18 +249,14 @@ TEST(DrawingRenderer, AWindowShowsWhatTheWholePictureShowsThere) {
              seq.AddDashText(
                  veld::TEXT_3D(L"T", veld::GetStyleStandard(d.data), 8, 0, 1, 0, {0, 20, 0}, 0, 0));
              seq.AddDashDouble(-10);
-             veld::CLtype* t = d.data->GetObjectFactory()->CreateLtype(L"TEXTED", L"", seq, 0, 0);
-             d.data->GetLtypeTable().Add(t);
-             t->SubReference();
              SetLtypeScale(&d.cad, px);
-             d.Add(new CEntLine({-100 * px, 44.5 * px, 0}, {100 * px, 44.5 * px, 0}, d.layer, t, 3,
-                                d.set));
+             d.Line({-100 * px, 44.5 * px, 0}, {100 * px, 44.5 * px, 0}, 3,
+                    d.Ltype(L"TEXTED", seq));
          }},
         {"a selected line along the edge, outside",
          [](Plan& d, double px) {
-             NtfySelectedEnt(
-                 &d.cad, d.Add(new CEntLine({-100 * px, -31.2 * px, 0}, {100 * px, -31.2 * px, 0},
-                                            d.layer, d.byLayer, 6, d.set)));
+             NtfySelectedEnt(&d.cad,
+                             d.Line({-100 * px, -31.2 * px, 0}, {100 * px, -31.2 * px, 0}, 6));
          }},
     };
     for (const double zoom : {3.0, 0.5}) {
@@ -311,10 +275,7 @@ TEST(DrawingView, AnEntityMovedByACommandIsDrawnAndPickedWhereItIs) {
     Scene s;
     // A green line far from the red one, out of sight once the view zooms in
     // at the origin.
-    veld::CEnt* far = new veld::CEntLine({20, 20.5, 0}, {24, 20.5, 0}, s.layer,
-                                         s.data->GetLtypeTable().GetLtypeByLayer(), 3, s.set);
-    s.data->GetEntTable().Add(far);
-    far->SubReference();
+    veld::CEnt* far = s.Line({20, 20.5, 0}, {24, 20.5, 0}, 3);
     CVELDView view(&s.cad);
     view.resize(101, 101);
     view.grab();  // zooms to the extents

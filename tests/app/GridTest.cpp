@@ -1,3 +1,5 @@
+// The grid and snap settings of a view: exact equality over all eight values,
+// setters that store no unusable interval, NaN or infinity, and mementos.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -27,17 +29,8 @@ std::pair<double, double> GridIntervals(const CGrid& g) {
 
 }  // namespace
 
-TEST(Grid, EqualityHasNoTolerance) {
-    CGrid a, b;
-    EXPECT_TRUE(a == b);
-    b.SetGrid(false, 10.0 + 1e-15 * 10, 10.0);
-    EXPECT_FALSE(a == b);
-    EXPECT_FALSE(a.Equals(&b));
-    EXPECT_FALSE(a.Equals(nullptr));
-}
-
-// Each of the eight values alone makes two grids differ.
-TEST(Grid, EveryValueTakesPartInEquality) {
+// Each of the eight values alone makes two grids differ, by a hair too.
+TEST(Grid, EveryValueTakesPartInEqualityWithoutTolerance) {
     const struct {
         const char* what;
         std::function<void(CGrid&)> change;
@@ -49,67 +42,57 @@ TEST(Grid, EveryValueTakesPartInEquality) {
         {"snap interval East", [](CGrid& g) { g.SetSnap(false, 0, 0, 1 + 1e-15, 1, 0); }},
         {"snap interval North", [](CGrid& g) { g.SetSnap(false, 0, 0, 1, 3, 0); }},
         {"snap angle", [](CGrid& g) { g.SetSnap(false, 0, 0, 1, 1, 45); }},
-        {"grid interval East", [](CGrid& g) { g.SetGrid(false, 9, 10); }},
+        {"grid interval East", [](CGrid& g) { g.SetGrid(false, 10 + 1e-14, 10); }},
         {"grid interval North", [](CGrid& g) { g.SetGrid(false, 10, 11); }},
     };
     for (const auto& r : rows) {
-        CGrid a, b;
+        CGrid a, b, c;
         r.change(b);
+        r.change(c);
         EXPECT_FALSE(a == b) << r.what;
-        CGrid c = b;
-        EXPECT_TRUE(c == b) << r.what;
-        CGrid d;
-        d = b;
-        EXPECT_TRUE(d.Equals(&b)) << r.what;
+        EXPECT_FALSE(a.Equals(&b)) << r.what;
+        EXPECT_TRUE(c.Equals(&b)) << r.what;
+        EXPECT_FALSE(c.Equals(nullptr));
     }
 }
 
-TEST(Grid, SettersKeepIntervalsAwayFromZero) {
+// The setters keep what is drawn, snapped to and saved usable: an interval
+// within [-1e-12, 1e-12] becomes 1.0 (the grid's only while it is on); NaN
+// and infinities never get in (an interval becomes 1.0, a base coordinate or
+// the angle 0.0); the values beside them are kept.
+TEST(Grid, SettersStoreNoUnusableIntervalNaNOrInfinity) {
     struct {
         double in, snapOut, gridOnOut, gridOffOut;
     } const rows[] = {
         {0.0, 1.0, 1.0, 0.0},       {1e-12, 1.0, 1.0, 1e-12},
         {-1e-12, 1.0, 1.0, -1e-12}, {1.1e-12, 1.1e-12, 1.1e-12, 1.1e-12},
         {-5.0, -5.0, -5.0, -5.0},   {2.5, 2.5, 2.5, 2.5},
+        {kNaN, 1.0, 1.0, 1.0},      {kInf, 1.0, 1.0, 1.0},
+        {-kInf, 1.0, 1.0, 1.0},
     };
     for (const auto& r : rows) {
+        const double base = std::isfinite(r.in) ? r.in : 0.0;
         CGrid g;
-        g.SetSnap(true, 1, 2, r.in, r.in, 30);
-        EXPECT_EQ(Snap(g).intervalEast, r.snapOut) << r.in;
-        EXPECT_EQ(Snap(g).intervalNorth, r.snapOut) << r.in;
-        g.SetGrid(true, r.in, r.in);
-        EXPECT_EQ(GridIntervals(g).first, r.gridOnOut) << r.in;
-        EXPECT_EQ(GridIntervals(g).second, r.gridOnOut) << r.in;
-        g.SetGrid(false, r.in, r.in);
-        EXPECT_EQ(GridIntervals(g).first, r.gridOffOut) << r.in;
-        EXPECT_EQ(GridIntervals(g).second, r.gridOffOut) << r.in;
-    }
-}
-
-// NaN and infinities never get in: an interval becomes 1.0, a base
-// coordinate or the angle 0.0; the finite values beside them are kept.
-TEST(Grid, SettersStoreNoNaNOrInfinity) {
-    for (const double bad : {kNaN, kInf, -kInf}) {
-        CGrid g;
-        g.SetSnap(true, bad, 7, bad, 3, bad);
+        g.SetSnap(true, r.in, 7, r.in, 3, r.in);
         const SnapValues s = Snap(g);
-        EXPECT_EQ(s.baseEast, 0.0) << bad;
-        EXPECT_EQ(s.baseNorth, 7.0) << bad;
-        EXPECT_EQ(s.intervalEast, 1.0) << bad;
-        EXPECT_EQ(s.intervalNorth, 3.0) << bad;
-        EXPECT_EQ(s.angle, 0.0) << bad;
-        g.SetSnap(true, 7, bad, 3, bad, 12);
-        EXPECT_EQ(Snap(g).baseNorth, 0.0) << bad;
-        EXPECT_EQ(Snap(g).intervalNorth, 1.0) << bad;
-        EXPECT_EQ(Snap(g).angle, 12.0) << bad;
+        EXPECT_EQ(s.baseEast, base) << r.in;
+        EXPECT_EQ(s.baseNorth, 7.0) << r.in;
+        EXPECT_EQ(s.intervalEast, r.snapOut) << r.in;
+        EXPECT_EQ(s.intervalNorth, 3.0) << r.in;
+        EXPECT_EQ(s.angle, base) << r.in;
+        g.SetSnap(true, 7, r.in, 3, r.in, 12);
+        EXPECT_EQ(Snap(g).baseNorth, base) << r.in;
+        EXPECT_EQ(Snap(g).intervalNorth, r.snapOut) << r.in;
+        EXPECT_EQ(Snap(g).angle, 12.0) << r.in;
         for (const bool on : {true, false}) {
-            g.SetGrid(on, bad, 4);
-            EXPECT_EQ(GridIntervals(g), std::make_pair(1.0, 4.0)) << bad << on;
-            g.SetGrid(on, 4, bad);
-            EXPECT_EQ(GridIntervals(g), std::make_pair(4.0, 1.0)) << bad << on;
+            const double out = on ? r.gridOnOut : r.gridOffOut;
+            g.SetGrid(on, r.in, 4);
+            EXPECT_EQ(GridIntervals(g), std::make_pair(out, 4.0)) << r.in << on;
+            g.SetGrid(on, 4, r.in);
+            EXPECT_EQ(GridIntervals(g), std::make_pair(4.0, out)) << r.in << on;
             EXPECT_EQ(g.IsGridActive(), on);
         }
-        EXPECT_TRUE(g == g);  // nothing stored compares unequal to itself
+        EXPECT_TRUE(g == g) << r.in;  // nothing stored compares unequal to itself
     }
 }
 
@@ -120,7 +103,6 @@ TEST(Grid, GridFollowingTheSnap) {
     EXPECT_FALSE(g.IsGridActive());
     g.SetGrid(true, 0, 0);
     EXPECT_FALSE(g.IsGridBySnap());
-    EXPECT_EQ(GridIntervals(g), std::make_pair(1.0, 1.0));
     g.SetGridBySnap();
     EXPECT_TRUE(g.IsGridBySnap());
     EXPECT_TRUE(g.IsGridActive());
@@ -128,34 +110,22 @@ TEST(Grid, GridFollowingTheSnap) {
     EXPECT_FALSE(g.IsGridBySnap());
 }
 
-TEST(Grid, MementoIsAGridCopyAndRestoresEverything) {
+// A memento restores all eight values; the swap that undo and redo use
+// alternates between the two states.
+TEST(Grid, MementoRestoresEverythingAndTheSwapAlternates) {
     CGrid g;
     g.SetSnap(true, 100, 200, 5, 6, 45);
     g.SetGrid(true, 7, 8);
     const CGrid before = g;
-    ulo::IMemento* m = g.CreateMemento();
-    EXPECT_FALSE(g.HasChanged(m));
-    EXPECT_TRUE(g.Equals(dynamic_cast<CGrid*>(m)));
+    auto stored = ulo::RefPtr<ulo::IMemento>::Adopt(g.CreateMemento());
+    EXPECT_FALSE(g.HasChanged(stored.get()));
     g.SetSnap(false, 0, 0, 1, 1, 0);
     g.SetGridBySnap();
-    EXPECT_TRUE(g.HasChanged(m));
-    EXPECT_FALSE(g.Equals(dynamic_cast<CGrid*>(m)));
-    g.SetMemento(m);
-    EXPECT_FALSE(g.HasChanged(m));
-    EXPECT_TRUE(g == before);
-    m->SubReference();
-}
-
-// The memento swap that undo and redo use alternates between the two states.
-TEST(Grid, MementoSwapAlternates) {
-    CGrid g;
-    g.SetSnap(true, 1, 2, 3, 4, 5);
-    const CGrid old = g;
-    auto stored = ulo::RefPtr<ulo::IMemento>::Adopt(g.CreateMemento());
-    g.SetGrid(true, 0.5, 0.25);
     const CGrid changed = g;
+    EXPECT_TRUE(g.HasChanged(stored.get()));
     for (int i = 0; i < 4; ++i) {
         ulo::SwapMemento(g, stored);
-        EXPECT_TRUE(g == (i % 2 == 0 ? old : changed)) << i;
+        EXPECT_TRUE(g == (i % 2 == 0 ? before : changed)) << i;
+        EXPECT_TRUE(g.HasChanged(stored.get())) << i;
     }
 }

@@ -49,6 +49,13 @@ QByteArray readAll(const QString& path) {
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
+/// Writes @p bytes to @p path, resized to @p size when given (the rest a hole).
+bool makeFile(const QString& path, const QByteArray& bytes, qint64 size = -1) {
+    QFile f(path);
+    return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size() &&
+           (size < 0 || f.resize(size));
+}
+
 }  // namespace
 
 TEST(VeldLin, ConvertWritesTheCNotationAndRoundTripsExactly) {
@@ -56,14 +63,12 @@ TEST(VeldLin, ConvertWritesTheCNotationAndRoundTripsExactly) {
     const QString in = dir.filePath(QStringLiteral("in.lin"));
     const QString once = dir.filePath(QStringLiteral("once.lin"));
     const QString twice = dir.filePath(QStringLiteral("twice.lin"));
-    QFile f(in);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(
-        "*D,dashes, dots\nA,1.5,-0.25, -0.25,+0.5,0\n"
-        "*T\nA,1,[\"G\",STANDARD,S=2.5,R=90,X=-1,Y=1e55],-1\n"
-        "*X\nA,4e-320,5e-324,[\"G\",STANDARD,S=4e-320,R=4e-320,X=2.2e-308,Y=0.1],1e-7,"
-        "0.1000000000000001\n");
-    f.close();
+    ASSERT_TRUE(
+        makeFile(in,
+                 "*D,dashes, dots\nA,1.5,-0.25, -0.25,+0.5,0\n"
+                 "*T\nA,1,[\"G\",STANDARD,S=2.5,R=90,X=-1,Y=1e55],-1\n"
+                 "*X\nA,4e-320,5e-324,[\"G\",STANDARD,S=4e-320,R=4e-320,X=2.2e-308,Y=0.1],1e-7,"
+                 "0.1000000000000001\n"));
     ASSERT_EQ(veldLin({QStringLiteral("convert"), in, once}).status, 0);
     // Six decimals where they read back as the same number, else the
     // shortest text that does.
@@ -79,10 +84,7 @@ TEST(VeldLin, ConvertWritesTheCNotationAndRoundTripsExactly) {
 TEST(VeldLin, ListingIsAloneOnStandardOutput) {
     QTemporaryDir dir;
     const QString in = dir.filePath(QStringLiteral("mixed.lin"));
-    QFile f(in);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write("*BAD\nA,-1,1\n*GOOD,fine\nA,0.5,-0.5\n");
-    f.close();
+    ASSERT_TRUE(makeFile(in, "*BAD\nA,-1,1\n*GOOD,fine\nA,0.5,-0.5\n"));
     const ToolRun r = veldLin({QStringLiteral("list"), in, QStringLiteral("--json")});
     EXPECT_EQ(r.status, 1);
     QJsonParseError error{};
@@ -100,12 +102,7 @@ TEST(VeldLin, ALibraryThatIsNotARegularFileOrIsTooLargeIsNamedWithTheReason) {
     const QString zero = dir.filePath(QStringLiteral("zero.lin"));
     ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), zero));
     const QString big = dir.filePath(QStringLiteral("big.lin"));
-    {
-        QFile f(big);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write("*OK\nA,1,-1\n");
-        ASSERT_TRUE(f.resize((qint64{64} << 20) + 1));  // a hole: nothing is written
-    }
+    ASSERT_TRUE(makeFile(big, "*OK\nA,1,-1\n", (qint64{64} << 20) + 1));
     const struct {
         QString file;
         const char* reason;
@@ -131,10 +128,8 @@ TEST(VeldLin, ConvertNamesTheDefinitionsItLeavesOut) {
     QTemporaryDir dir;
     const QString in = dir.filePath(QStringLiteral("in.lin"));
     const QString out = dir.filePath(QStringLiteral("out.lin"));
-    QFile f(in);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write("*GROWS\nA,1" + QByteArray(",[\"g\",X]").repeated(500) + "\n*KEEP\nA,1,-1\n");
-    f.close();
+    ASSERT_TRUE(
+        makeFile(in, "*GROWS\nA,1" + QByteArray(",[\"g\",X]").repeated(500) + "\n*KEEP\nA,1,-1\n"));
     const ToolRun r = veldLin({QStringLiteral("convert"), in, out});
     EXPECT_EQ(r.status, 3);
     EXPECT_EQ(r.err, "veld-lin: " + out.toUtf8() +

@@ -1,14 +1,11 @@
-// The grid and snap dialog as the host runs it (ShowDlgGridProp on a view)
-// with a scripted user: what the pages show, the refusals word for word (the
-// grid untouched by a refused value), hostile numbers in every field, Cancel
-// putting the grid back, and OK recording one undo step that undo and redo
-// follow exactly, over random visits.
+// The grid and snap dialog as the host runs it (ShowDlgGridProp on a view):
+// what the pages show, refusals word for word, hostile numbers in every field,
+// Cancel putting the grid back, and OK as one undo step over random visits.
 #include <gtest/gtest.h>
 
 #include <QJsonArray>
-#include <QLocale>
 #include <QMessageBox>
-#include <clocale>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <functional>
@@ -20,7 +17,6 @@
 #include "app/Grid.h"
 #include "app/VELD.h"
 #include "app/view/VELDView.h"
-#include "automation/HostileTexts.h"
 #include "ulo/HelpTopic.h"
 #include "ulo/ctrl/Win.h"
 
@@ -33,8 +29,8 @@ constexpr unsigned kEnableSnap = 11161, kSnapN = 11162, kBaseN = 11163, kSnapE =
                    kAngle = 11167, kBaseE = 11169;
 constexpr unsigned kEnableGrid = 11168, kFree = 11164, kFromSnap = 11166, kGridN = 11170,
                    kGridE = 11171;
-const unsigned kSnapEdits[] = {kSnapE, kSnapN, kAngle, kBaseN, kBaseE};
-const unsigned kGridEdits[] = {kGridN, kGridE};
+const std::vector<unsigned> kSnapEdits = {kSnapE, kSnapN, kAngle, kBaseN, kBaseE};
+const std::vector<unsigned> kGridEdits = {kGridN, kGridE};
 
 QString Q(const char* text) {
     return QString::fromUtf8(text);
@@ -47,11 +43,23 @@ QJsonObject State(QWidget* w, unsigned id) {
     QWidget* c = ulo::FindControl(w, id);
     return c ? ScriptedUser::ControlState(c) : QJsonObject();
 }
-QString Text(QWidget* w, unsigned id) {
-    return State(w, id).value(QStringLiteral("text")).toString();
-}
 bool On(QWidget* w, unsigned id, const char* what) {
     return State(w, id).value(QString::fromLatin1(what)).toBool();
+}
+/// The controls as words: an edit's text, "on" or "off" for a button, each
+/// followed by '!' when disabled.
+QString Look(QWidget* w, std::initializer_list<unsigned> ids) {
+    QStringList words;
+    for (unsigned id : ids) {
+        const QJsonObject s = State(w, id);
+        QString word = s.contains(QStringLiteral("checked"))
+                           ? QString::fromLatin1(On(w, id, "checked") ? "on" : "off")
+                           : s.value(QStringLiteral("text")).toString();
+        if (!s.value(QStringLiteral("enabled")).toBool())
+            word += u'!';
+        words << word;
+    }
+    return words.join(u' ');
 }
 
 struct Values {
@@ -75,30 +83,26 @@ Values Read(const CGrid& g) {
     g.GetGrid(v.gridE, v.gridN);
     return v;
 }
+std::array<double, 7> Numbers(const Values& v) {
+    return {v.baseE, v.baseN, v.snapE, v.snapN, v.angle, v.gridE, v.gridN};
+}
 std::string Describe(const CGrid& g) {
     const Values v = Read(g);
-    return QStringLiteral("snap %1 base %2,%3 interval %4,%5 angle %6; grid %7 %8,%9")
-        .arg(v.snapOn)
-        .arg(v.baseE, 0, 'g', 17)
-        .arg(v.baseN, 0, 'g', 17)
-        .arg(v.snapE, 0, 'g', 17)
-        .arg(v.snapN, 0, 'g', 17)
-        .arg(v.angle, 0, 'g', 17)
-        .arg(v.gridOn)
-        .arg(v.gridE, 0, 'g', 17)
-        .arg(v.gridN, 0, 'g', 17)
-        .toStdString();
+    QString s = QStringLiteral("snap %1 grid %2:").arg(v.snapOn).arg(v.gridOn);
+    for (double d : Numbers(v))
+        s += u' ' + QString::number(d, 'g', 17);
+    return s.toStdString();
 }
 /// Equal to the last bit: 0 and -0 differ.
 bool SameBits(const CGrid& a, const CGrid& b) {
     const Values x = Read(a), y = Read(b);
-    const double xs[] = {x.baseE, x.baseN, x.snapE, x.snapN, x.angle, x.gridE, x.gridN};
-    const double ys[] = {y.baseE, y.baseN, y.snapE, y.snapN, y.angle, y.gridE, y.gridN};
-    return x.snapOn == y.snapOn && x.gridOn == y.gridOn && std::memcmp(xs, ys, sizeof xs) == 0;
+    const auto xs = Numbers(x), ys = Numbers(y);
+    return x.snapOn == y.snapOn && x.gridOn == y.gridOn &&
+           std::memcmp(xs.data(), ys.data(), sizeof xs) == 0;
 }
 bool AllFinite(const CGrid& g) {
     const Values v = Read(g);
-    for (double d : {v.baseE, v.baseN, v.snapE, v.snapN, v.angle, v.gridE, v.gridN})
+    for (double d : Numbers(v))
         if (!std::isfinite(d))
             return false;
     return std::abs(v.snapE) > 1e-12 && std::abs(v.snapN) > 1e-12;
@@ -114,90 +118,52 @@ protected:
     CGrid& grid = GetViewGridForEdit(&view);
 };
 
-// ------------------------------------------------------------------ opening
-
+// What each page shows: the texts, the checks and what is enabled; nothing
+// changes.
 TEST_F(GridDialogTest, PagesOpenFilledFromTheGrid) {
     const struct {
-        const char* what;
         Values grid;
-        QStringList snap;       // interval E, interval N, base E, base N, angle
-        QStringList gridTexts;  // interval N, interval E
-        bool free, fromSnapEnabled, gridEditsEnabled;
+        const char *snap, *gridPage;
     } rows[] = {
-        {"snap on, grid following it",
-         {true, 1, 2, 0.5, 0.25, 30, true, 0, 0},
-         {Q("0.500"), Q("0.250"), Q("1.000"), Q("2.000"), Q("30.0000")},
-         {Q("0.000"), Q("0.000")},
-         false,
-         true,
-         false},
-        {"snap off, grid on following it",
-         {false, 0, 0, 1, 1, 0, true, 0, 0},
-         {Q("1.000"), Q("1.000"), Q("0.000"), Q("0.000"), Q("0.0000")},
-         {Q("10.000"), Q("10.000")},
-         true,
-         false,
-         true},
-        {"grid of its own",
-         kSnapOnGridFree,
-         {Q("0.500"), Q("0.250"), Q("1.000"), Q("2.000"), Q("30.0000")},
-         {Q("3.250"), Q("2.500")},
-         true,
-         true,
-         true},
-        {"all off, rounded for display",
-         {false, -1234.56789, 0.0004, 7, 8, 12.345678, false, 4, 5},
-         {Q("7.000"), Q("8.000"), Q("-1234.568"), Q("0.000"), Q("12.3457")},
-         {Q("5.000"), Q("4.000")},
-         true,
-         false,
-         false},
+        {{true, 1, 2, 0.5, 0.25, 30, true, 0, 0},
+         "on 0.500 0.250 1.000 2.000 30.0000",
+         "on off on 0.000! 0.000!"},
+        {{false, 0, 0, 1, 1, 0, true, 0, 0},
+         "off 1.000! 1.000! 0.000! 0.000! 0.0000!",
+         "on on off! 10.000 10.000"},
+        {kSnapOnGridFree, "on 0.500 0.250 1.000 2.000 30.0000", "on on off 3.250 2.500"},
+        {{false, -1234.56789, 0.0004, 7, 8, 12.345678, false, 4, 5},
+         "off 7.000! 8.000! -1234.568! 0.000! 12.3457!",
+         "off on! off! 5.000! 4.000!"},
     };
     for (const auto& r : rows) {
+        SCOPED_TRACE(r.snap);
         Apply(grid, r.grid);
         const CGrid before = grid;
-        QStringList snap, gridTexts, tabs;
-        bool snapChecked = false, gridChecked = false, free = false, fromSnap = false;
-        bool fromSnapEnabled = false, gridEdits = false, snapEdits = false;
-        QString gridHelp;
+        QString snap, gridPage, gridHelp;
+        QJsonArray tabs;
         ScriptedUser user;
         user.Inspect([&](QWidget* w) {
-                for (unsigned id : {kSnapE, kSnapN, kBaseE, kBaseN, kAngle})
-                    snap << Text(w, id);
-                snapChecked = On(w, kEnableSnap, "checked");
-                snapEdits = On(w, kBaseE, "enabled");
-                for (const QJsonValue& t : State(w, kTabs).value(QStringLiteral("items")).toArray())
-                    tabs << t.toString();
+                snap = Look(w, {kEnableSnap, kSnapE, kSnapN, kBaseE, kBaseN, kAngle});
+                tabs = State(w, kTabs).value(QStringLiteral("items")).toArray();
             })
             .SwitchTab(kTabs, 1)
             .Inspect([&](QWidget* w) {
-                gridTexts << Text(w, kGridN) << Text(w, kGridE);
-                gridChecked = On(w, kEnableGrid, "checked");
-                free = On(w, kFree, "checked");
-                fromSnap = On(w, kFromSnap, "checked");
-                fromSnapEnabled = On(w, kFromSnap, "enabled");
-                gridEdits = On(w, kGridE, "enabled") && On(w, kGridN, "enabled");
+                gridPage = Look(w, {kEnableGrid, kFree, kFromSnap, kGridN, kGridE});
                 gridHelp = ulo::GetHelpTopic().ToQString();
             })
             .Click(kCancel);
-        EXPECT_FALSE(Show()) << r.what;
+        EXPECT_FALSE(Show());
         ExpectFinished(user);
-        EXPECT_EQ(snap, r.snap) << r.what;
-        EXPECT_EQ(gridTexts, r.gridTexts) << r.what;
-        EXPECT_EQ(snapChecked, r.grid.snapOn) << r.what;
-        EXPECT_EQ(snapEdits, r.grid.snapOn) << r.what;
-        EXPECT_EQ(gridChecked, r.grid.gridOn) << r.what;
-        EXPECT_EQ(free, r.free) << r.what;
-        EXPECT_EQ(fromSnap, !r.free) << r.what;
-        EXPECT_EQ(fromSnapEnabled, r.fromSnapEnabled) << r.what;
-        EXPECT_EQ(gridEdits, r.gridEditsEnabled) << r.what;
-        EXPECT_EQ(tabs, (QStringList{Q("Snap"), Q("Grid")}));
+        EXPECT_EQ(snap, Q(r.snap));
+        EXPECT_EQ(gridPage, Q(r.gridPage));
+        EXPECT_EQ(tabs, (QJsonArray{Q("Snap"), Q("Grid")}));
         EXPECT_EQ(gridHelp, Q("QuadraCE.htm#Dlg OpzGrid"));
         ASSERT_EQ(user.Dialogs().size(), 1u);
         EXPECT_EQ(user.Dialogs()[0].title, Q("Grid & Snap"));
         EXPECT_EQ(user.Dialogs()[0].templateId, 11020u);
         EXPECT_EQ(user.Dialogs()[0].help, Q("QuadraCE.htm#Dlg OpzSnap"));
-        EXPECT_TRUE(grid == before) << r.what << ": " << Describe(grid);
+        EXPECT_TRUE(grid == before) << Describe(grid);
     }
 }
 
@@ -209,33 +175,13 @@ TEST_F(GridDialogTest, WithoutAViewNothingIsShown) {
     EXPECT_TRUE(user.Dialogs().empty());
 }
 
-// Switching off "Enable Snap" and opening the Grid tab: the grid cannot
-// follow a snap that is off, and the snap page has already written the grid.
-TEST_F(GridDialogTest, TheGridPageSeesTheSnapJustSwitchedOff) {
-    Apply(grid, kSnapOnGridFree);
-    bool fromSnapEnabled = true;
-    bool snapOnInGrid = true;
-    ScriptedUser user;
-    user.Click(kEnableSnap)
-        .SwitchTab(kTabs, 1)
-        .Inspect([&](QWidget* w) {
-            fromSnapEnabled = On(w, kFromSnap, "enabled");
-            snapOnInGrid = grid.IsSnapActive();
-        })
-        .Click(kCancel);
-    EXPECT_FALSE(Show());
-    ExpectFinished(user);
-    EXPECT_FALSE(fromSnapEnabled);
-    EXPECT_FALSE(snapOnInGrid);        // edited in place while the dialog is open
-    EXPECT_TRUE(grid.IsSnapActive());  // and put back by Cancel
-}
-
-// ---------------------------------------------------------------- refusals
-
-// A refused value is named word for word, the page stays in front and the
-// grid never sees the value; Cancel then leaves the grid as it was.
+// A refused value (by OK or by the tab switch) is named word for word, its
+// page stays in front and the grid never sees it.
 TEST_F(GridDialogTest, RefusalsAreWordForWordAndNeverReachTheGrid) {
     const Values allOff{false, 0, 0, 1, 1, 0, false, 0, 0};
+    const auto set = [](unsigned id, const char* text) {
+        return [id, text](ScriptedUser& u) { u.SetText(id, Q(text)); };
+    };
     const struct {
         const char* what;
         Values start;
@@ -244,32 +190,22 @@ TEST_F(GridDialogTest, RefusalsAreWordForWordAndNeverReachTheGrid) {
         bool byOk;  // or by the tab switch
         QString message;
     } rows[] = {
-        {"zero snap interval", kSnapOnGridFree, 0,
-         [](ScriptedUser& u) { u.SetText(kSnapE, Q("0")); }, false, kRange},
-        {"negative snap interval", kSnapOnGridFree, 0,
-         [](ScriptedUser& u) { u.SetText(kSnapN, Q("-2")); }, true, kRange},
-        {"snap interval under 0.0001", kSnapOnGridFree, 0,
-         [](ScriptedUser& u) { u.SetText(kSnapE, Q("0.00009")); }, false, kRange},
-        {"snap interval over 1e100", kSnapOnGridFree, 0,
-         [](ScriptedUser& u) { u.SetText(kSnapN, Q("1e101")); }, true, kRange},
-        {"snap interval beyond a double", kSnapOnGridFree, 0,
-         [](ScriptedUser& u) { u.SetText(kSnapE, Q("1e309")); }, false, kRange},
-        {"angle not a number", kSnapOnGridFree, 0,
-         [](ScriptedUser& u) { u.SetText(kAngle, Q("abc")); }, true, kNumber},
+        {"zero snap interval", kSnapOnGridFree, 0, set(kSnapE, "0"), false, kRange},
+        {"snap interval under 0.0001", kSnapOnGridFree, 0, set(kSnapE, "0.00009"), false, kRange},
+        {"snap interval over 1e100", kSnapOnGridFree, 0, set(kSnapN, "1e101"), true, kRange},
+        {"interval beyond a double", kSnapOnGridFree, 0, set(kSnapE, "1e309"), false, kRange},
         {"empty base", kSnapOnGridFree, 0, [](ScriptedUser& u) { u.Clear(kBaseE); }, false,
          kNumber},
-        {"base beyond a double", kSnapOnGridFree, 0,
-         [](ScriptedUser& u) { u.SetText(kBaseN, Q("1e309")); }, true, kOutOfRange},
+        {"base beyond a double", kSnapOnGridFree, 0, set(kBaseN, "1e309"), true, kOutOfRange},
         {"text typed, then the snap switched off", kSnapOnGridFree, 0,
          [](ScriptedUser& u) { u.SetText(kBaseE, Q("12x")).Click(kEnableSnap); }, true, kNumber},
-        {"zero grid interval", kSnapOnGridFree, 1,
-         [](ScriptedUser& u) { u.SetText(kGridE, Q("0")); }, true, kRange},
-        {"grid interval not a number", kSnapOnGridFree, 1,
-         [](ScriptedUser& u) { u.SetText(kGridN, Q("x")); }, false, kNumber},
+        {"zero grid interval", kSnapOnGridFree, 1, set(kGridE, "0"), true, kRange},
+        {"grid interval not a number", kSnapOnGridFree, 1, set(kGridN, "x"), false, kNumber},
         {"grid switched on with intervals 0", allOff, 1,
          [](ScriptedUser& u) { u.Click(kEnableGrid); }, true, kRange},
     };
     for (const auto& r : rows) {
+        SCOPED_TRACE(r.what);
         Apply(grid, r.start);
         const CGrid before = grid;
         int tabAfter = -1;
@@ -288,55 +224,45 @@ TEST_F(GridDialogTest, RefusalsAreWordForWordAndNeverReachTheGrid) {
                 untouched = grid == before;
             })
             .Click(kCancel);
-        EXPECT_FALSE(Show()) << r.what;
+        EXPECT_FALSE(Show());
         ExpectFinished(user);
-        ASSERT_EQ(user.Messages().size(), 1u) << r.what;
-        EXPECT_EQ(user.Messages()[0].text, r.message) << r.what;
-        EXPECT_EQ(user.Messages()[0].caption, Q("Warning")) << r.what;
-        EXPECT_EQ(tabAfter, r.page) << r.what;
-        EXPECT_TRUE(untouched) << r.what;
-        EXPECT_TRUE(grid == before) << r.what << ": " << Describe(grid);
-        EXPECT_FALSE(cad.CanUndo()) << r.what;
+        ASSERT_EQ(user.Messages().size(), 1u);
+        EXPECT_EQ(user.Messages()[0].text, r.message);
+        EXPECT_EQ(user.Messages()[0].caption, Q("Warning"));
+        EXPECT_EQ(tabAfter, r.page);
+        EXPECT_TRUE(untouched);
+        EXPECT_TRUE(grid == before) << Describe(grid);
+        EXPECT_FALSE(cad.CanUndo());
     }
 }
 
-// ---------------------------------------------------------- hostile numbers
-
-struct Field {
-    unsigned id;
-    int page;
-    bool interval;
-    double Values::*value;
-};
-const Field kFields[] = {
-    {kSnapE, 0, true, &Values::snapE},  {kSnapN, 0, true, &Values::snapN},
-    {kBaseE, 0, false, &Values::baseE}, {kBaseN, 0, false, &Values::baseN},
-    {kAngle, 0, false, &Values::angle}, {kGridE, 1, true, &Values::gridE},
-    {kGridN, 1, true, &Values::gridN},
-};
-
-// Typed into a field and confirmed: the described conversion or a refusal
-// that leaves the grid as it was.
+// Typed into each field and confirmed: the value kept as typed, bit for bit
+// through a drawing file, or a refusal that leaves the grid as it was.
 TEST_F(GridDialogTest, HostileNumbersInEveryField) {
+    const struct {
+        unsigned id;
+        int page;
+        bool interval;
+        double Values::*value;
+    } fields[] = {
+        {kSnapE, 0, true, &Values::snapE},  {kSnapN, 0, true, &Values::snapN},
+        {kBaseE, 0, false, &Values::baseE}, {kBaseN, 0, false, &Values::baseN},
+        {kAngle, 0, false, &Values::angle}, {kGridE, 1, true, &Values::gridE},
+        {kGridN, 1, true, &Values::gridN},
+    };
     const std::optional<double> no;
     const struct {
         QString text;
         std::optional<double> plain, interval;  // accepted value, or refused
     } rows[] = {
-        {Q(""), no, no},
         {Q("   "), no, no},
-        {Q("1e309"), no, no},
         {Q("-1e309"), no, no},
         {Q("-0"), -0.0, no},
         {Q("nan"), no, no},
         {Q("inf"), no, no},
-        {Q("1,5"), 1.5, 1.5},
-        {Q("12abc"), no, no},
+        {Q("0x10"), no, no},
         {Q("1e-400"), 0.0, no},
         {Q(" 2.5 "), 2.5, 2.5},
-        {Q("0x10"), no, no},
-        {QString(10000, u'9'), no, no},
-        {Q("text"), no, no},
         {Q("1e100"), 1e100, 1e100},
         {Q("0.0001"), 0.0001, 0.0001},
         {Q("-7.125"), -7.125, no},
@@ -347,8 +273,9 @@ TEST_F(GridDialogTest, HostileNumbersInEveryField) {
         {Q("-1.7976931348623157e308"), -1.7976931348623157e308, no},
         {Q("4.9406564584124654e-324"), 4.9406564584124654e-324, no},
     };
-    for (const Field& f : kFields) {
+    for (const auto& f : fields) {
         for (const auto& r : rows) {
+            SCOPED_TRACE(std::to_string(f.id) + " " + r.text.toStdString());
             Apply(grid, kSnapOnGridFree);
             const CGrid before = grid;
             const std::optional<double> expected = f.interval ? r.interval : r.plain;
@@ -358,44 +285,37 @@ TEST_F(GridDialogTest, HostileNumbersInEveryField) {
             user.SetText(f.id, r.text).Click(kOk);
             if (!expected)
                 user.Answer(ulo::IDOK).Click(kCancel);
-            const std::string what =
-                std::to_string(f.id) + " " + automation::Printable(r.text).left(40).toStdString();
-            EXPECT_EQ(Show(), expected.has_value()) << what;
+            EXPECT_EQ(Show(), expected.has_value());
             ExpectFinished(user);
-            EXPECT_TRUE(AllFinite(grid)) << what;
-            if (expected) {
-                EXPECT_EQ(Read(grid).*f.value, *expected) << what;
-                // What the grid keeps, a drawing file gives back bit for bit.
-                CVELD reopened;
-                CVELDView reopenedView(&reopened);
-                QString error;
-                ASSERT_TRUE(drawingfile::Read(reopened, drawingfile::Write(cad), error))
-                    << what << ": " << error.toStdString();
-                EXPECT_TRUE(SameBits(GetViewGrid(&reopenedView), grid)) << what;
-            } else {
-                EXPECT_TRUE(grid == before) << what << ": " << Describe(grid);
+            EXPECT_TRUE(AllFinite(grid));
+            if (!expected) {
+                EXPECT_TRUE(grid == before) << Describe(grid);
+                continue;
             }
+            EXPECT_EQ(Read(grid).*f.value, *expected);
+            CVELD reopened;
+            CVELDView reopenedView(&reopened);
+            QString error;
+            ASSERT_TRUE(drawingfile::Read(reopened, drawingfile::Write(cad), error))
+                << error.toStdString();
+            EXPECT_TRUE(SameBits(GetViewGrid(&reopenedView), grid));
         }
     }
 }
 
-// ------------------------------------------------------ Cancel, OK and undo
-
-// Whichever way the visit is cancelled, after edits on both pages that
-// reached the grid in place, the grid is back exactly and nothing is recorded.
+// Edits on both pages reach the grid in place (the Grid tab sees the snap just
+// switched off: it cannot follow it); whichever way the visit is cancelled,
+// the grid is back exactly and nothing is recorded.
 TEST_F(GridDialogTest, CancelPutsTheGridBackExactly) {
-    const struct {
-        const char* what;
-        std::function<void(ScriptedUser&)> cancel;
-    } rows[] = {
-        {"Cancel", [](ScriptedUser& u) { u.Click(kCancel); }},
-        {"Escape in a field", [](ScriptedUser& u) { u.Key(kGridE, Qt::Key_Escape); }},
-        {"close box", [](ScriptedUser& u) { u.Close(); }},
+    const std::function<void(ScriptedUser&)> cancels[] = {
+        [](ScriptedUser& u) { u.Click(kCancel); },
+        [](ScriptedUser& u) { u.Key(kGridE, Qt::Key_Escape); },
+        [](ScriptedUser& u) { u.Close(); },
     };
-    for (const auto& r : rows) {
+    for (const auto& cancel : cancels) {
         Apply(grid, {true, 1.0 / 3, -2e-7, 0.1, 0.2, 1e-9, true, 0.3, 0.7});
         const CGrid before = grid;
-        bool editedInPlace = false;
+        bool editedInPlace = false, snapSeenOff = false;
         ScriptedUser user;
         user.SetText(kSnapE, Q("4.5"))
             .SetText(kAngle, Q("-90"))
@@ -404,18 +324,22 @@ TEST_F(GridDialogTest, CancelPutsTheGridBackExactly) {
             .SetText(kGridE, Q("6"))
             .SwitchTab(kTabs, 0)
             .Click(kEnableSnap)
-            .SwitchTab(kTabs, 1);
-        r.cancel(user);
-        EXPECT_FALSE(Show()) << r.what;
+            .SwitchTab(kTabs, 1)
+            .Inspect([&](QWidget* w) {
+                snapSeenOff = !On(w, kFromSnap, "enabled") && !grid.IsSnapActive();
+            });
+        cancel(user);
+        EXPECT_FALSE(Show());
         ExpectFinished(user);
-        EXPECT_TRUE(editedInPlace) << r.what;
-        EXPECT_TRUE(grid == before) << r.what << ": " << Describe(grid);
-        EXPECT_FALSE(cad.CanUndo()) << r.what;
+        EXPECT_TRUE(editedInPlace);
+        EXPECT_TRUE(snapSeenOff);
+        EXPECT_TRUE(grid == before) << Describe(grid);
+        EXPECT_FALSE(cad.CanUndo());
     }
 }
 
-// Confirmed untouched, even with values the fields show rounded: true, the
-// grid exactly as it was and no undo step.
+// Confirmed untouched, with values the fields show rounded (or out of range
+// where unused): the grid exactly as it was and no undo step.
 TEST_F(GridDialogTest, ConfirmedUntouchedChangesNothing) {
     const Values rows[] = {
         kSnapOnGridFree,
@@ -426,12 +350,13 @@ TEST_F(GridDialogTest, ConfirmedUntouchedChangesNothing) {
     for (const Values& v : rows) {
         Apply(grid, v);
         const CGrid before = grid;
+        SCOPED_TRACE(Describe(before));
         ScriptedUser user;
         user.SwitchTab(kTabs, 1).SwitchTab(kTabs, 0).Click(kOk);
-        EXPECT_TRUE(Show()) << Describe(before);
+        EXPECT_TRUE(Show());
         ExpectFinished(user);
-        EXPECT_TRUE(grid == before) << Describe(before) << " became " << Describe(grid);
-        EXPECT_FALSE(cad.CanUndo()) << Describe(before);
+        EXPECT_TRUE(grid == before) << Describe(grid);
+        EXPECT_FALSE(cad.CanUndo());
     }
 }
 
@@ -446,18 +371,16 @@ TEST_F(GridDialogTest, EnableGridClearedSwitchesOffAGridFollowingTheSnap) {
     ExpectFinished(user);
     EXPECT_FALSE(grid.IsGridActive());
     EXPECT_TRUE(grid.IsGridBySnap());
-    bool fromSnap = false, enabled = true;
+    QString reopened;
     ScriptedUser again;
     again.SwitchTab(kTabs, 1)
         .Inspect([&](QWidget* w) {
-            fromSnap = On(w, kFromSnap, "checked");
-            enabled = On(w, kEnableGrid, "checked");
+            reopened = Look(w, {kEnableGrid, kFromSnap});
         })
         .Click(kCancel);
     EXPECT_FALSE(Show());
     ExpectFinished(again);
-    EXPECT_TRUE(fromSnap);
-    EXPECT_FALSE(enabled);
+    EXPECT_EQ(reopened, Q("off on!"));
     ASSERT_TRUE(cad.Undo());
     EXPECT_TRUE(grid == before) << Describe(grid);
 }
@@ -488,15 +411,12 @@ private:
         }
         const int page = State(w, kTabs).value(QStringLiteral("selected")).toInt();
         const unsigned enable = page == 0 ? kEnableSnap : kEnableGrid;
-        if (finishing_) {
-            // The OK was refused: make the page's fields acceptable.
+        if (finishing_) {  // the OK was refused: make the page's fields acceptable
             if (!On(w, enable, "checked"))
                 user_.Click(enable);
             if (page == 1 && !On(w, kFree, "checked"))
                 user_.Click(kFree);
-            for (unsigned id :
-                 page == 0 ? std::vector<unsigned>(std::begin(kSnapEdits), std::end(kSnapEdits))
-                           : std::vector<unsigned>(std::begin(kGridEdits), std::end(kGridEdits)))
+            for (unsigned id : page == 0 ? kSnapEdits : kGridEdits)
                 user_.SetText(id, Q("1.5"));
             user_.Click(kOk);
             return;
@@ -507,9 +427,7 @@ private:
             return;
         }
         std::vector<unsigned> usable{enable};
-        for (unsigned id : page == 0
-                               ? std::vector<unsigned>(std::begin(kSnapEdits), std::end(kSnapEdits))
-                               : std::vector<unsigned>{kGridN, kGridE, kFree, kFromSnap})
+        for (unsigned id : page == 0 ? kSnapEdits : std::vector{kGridN, kGridE, kFree, kFromSnap})
             if (On(w, id, "enabled"))
                 usable.push_back(id);
         const int choice = Roll(static_cast<int>(usable.size()) + 1);
@@ -532,6 +450,7 @@ private:
 TEST_F(GridDialogTest, OkUndoRedoFollowTheVisitExactly) {
     int changed = 0;
     for (unsigned seed = 1; seed <= 36; ++seed) {
+        SCOPED_TRACE(seed);
         std::mt19937 rng(seed * 7919u);
         auto roll = [&](double lo, double hi) {
             return std::uniform_real_distribution<double>(lo, hi)(rng);
@@ -544,20 +463,19 @@ TEST_F(GridDialogTest, OkUndoRedoFollowTheVisitExactly) {
         const std::size_t steps = cad.GetUndoList().GetCount();
         ScriptedUser user;
         RandomUser random(user, seed);
-        EXPECT_TRUE(Show()) << "seed " << seed;
+        EXPECT_TRUE(Show());
         ExpectFinished(user);
         const CGrid confirmed = grid;
-        EXPECT_TRUE(AllFinite(confirmed)) << "seed " << seed << ": " << Describe(confirmed);
+        EXPECT_TRUE(AllFinite(confirmed)) << Describe(confirmed);
         const bool differs = !(confirmed == opened);
         changed += differs;
-        ASSERT_EQ(cad.GetUndoList().GetCount(), steps + (differs ? 1 : 0)) << "seed " << seed;
+        ASSERT_EQ(cad.GetUndoList().GetCount(), steps + (differs ? 1 : 0));
         if (!differs)
             continue;
         for (int i = 0; i < 4; ++i) {
-            ASSERT_TRUE(i % 2 == 0 ? cad.Undo() : cad.Redo()) << "seed " << seed;
+            ASSERT_TRUE(i % 2 == 0 ? cad.Undo() : cad.Redo());
             const CGrid& expected = i % 2 == 0 ? opened : confirmed;
-            EXPECT_TRUE(grid == expected) << "seed " << seed << " step " << i << ": "
-                                          << Describe(grid) << " instead of " << Describe(expected);
+            EXPECT_TRUE(grid == expected) << "step " << i << ": " << Describe(grid);
         }
     }
     EXPECT_GT(changed, 20);  // the visits did change the grid

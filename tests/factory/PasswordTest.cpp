@@ -1,3 +1,5 @@
+// The password request: typed letters masked and stored as capitals, OK
+// enabled until the field first empties, and the retry question.
 #include <QLineEdit>
 #include <memory>
 
@@ -28,10 +30,9 @@ TEST_F(PasswordRequest, TypedLettersAreMaskedAndStoredAsCapitals) {
         QString typed;
         QString stored;
     } rows[] = {
-        {QStringLiteral("Secret7"), QStringLiteral("SECRET7")},
-        // Letters whose capitals are longer keep the cursor after them.
+        // Letters whose capitals are longer keep the cursor after them (the
+        // corpus as a whole: HostileInputTest).
         {QStringLiteral("\u00dfe"), QStringLiteral("SSE")},
-        {QStringLiteral("stra\u00dfe 1"), QStringLiteral("STRASSE 1")},
         {QStringLiteral("\ufb00x\u0149y"), QStringLiteral("FFX\u02bcNY")},
         {QString(), QString()},  // OK at once: an empty password
     };

@@ -12,7 +12,6 @@
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTemporaryDir>
-#include <vector>
 
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
@@ -133,16 +132,30 @@ protected:
 
 }  // namespace
 
-TEST_F(LoadDialogTest, OpensOnTheSupportLibraryListedInFileOrderAndUnchecked) {
+// Bad definitions are reported in file order over an empty grid, then the good
+// ones are listed unchecked; a style the drawing lacks is no error (the text
+// takes the drawing's standard style).
+TEST_F(LoadDialogTest, OpensOnTheSupportLibraryListingWhatLoadsAfterTheReports) {
+    const QStringList reports = {Rejected("LOWER", 8, "invalid alignment code"),
+                                 Rejected("TRAIL", 10, "invalid characters sequence"),
+                                 Rejected("ONE", 14, "Must be defined at least two traits"),
+                                 Rejected("UNQUOTED", 16, "Font type not supported"),
+                                 Rejected("NEG", 18, " "),
+                                 Rejected("TEXTFIRST", 21, " ")};
     const struct {
         const char* library;  // null: the support folder has none
         const char* listed;
+        QStringList reports;
     } cases[] = {
         {";; the test's library\r\n*ZIGZAG,Zig zag /\\/\\  \r\nA,0.5,-0.25\r\n\n"
-         "*AXIS,Axis, with a comma\nA,1.25,-0.25,0.25,-0.25\n*PLAIN\nA,1,-1\n",
-         "ZIGZAG|Zig zag /\\/\\; AXIS|Axis, with a comma; PLAIN|"},
-        {";; comments only\n\n", ""},
-        {nullptr, ""},
+         "*AXIS,Axis, with a comma\nA,1.25,-0.25,0.25,-0.25\n*LOWER,lower case\na,1,-1\n"
+         "*TRAIL,trailing comma\nA,1,-1,\n*PLAIN\nA,1,-1\n*ONE,one element\nA,1\n"
+         "*UNQUOTED,text without quotes\nA,1,[GAS,STANDARD],-1\n*NEG,gap first\nA,-1,1\n"
+         ";; a text element needs a dash before it\n*TEXTFIRST\nA,[\"T\",STANDARD],1\n"
+         "*NOSTYLE,unknown style\nA,1,[\"N\",NO_SUCH_STYLE,S=1],-1\n",
+         "ZIGZAG|Zig zag /\\/\\; AXIS|Axis, with a comma; PLAIN|; NOSTYLE|unknown style", reports},
+        {";; comments only\n\n", "", {}},
+        {nullptr, "", {}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.library ? c.library : "no library");
@@ -151,8 +164,10 @@ TEST_F(LoadDialogTest, OpensOnTheSupportLibraryListedInFileOrderAndUnchecked) {
             Write("veld.lin", c.library);
         ScriptedUser user;
         Shown shown;
+        for (qsizetype i = 0; i < c.reports.size(); ++i)
+            user.Answer(ulo::IDOK);
         user.Inspect([&](QWidget* w) { shown = Look(w); }).Click(ulo::IDOK);
-        EXPECT_TRUE(Run(user).isEmpty());
+        EXPECT_TRUE(Run(user, c.reports).isEmpty());
         EXPECT_EQ(shown.path, Library());
         EXPECT_EQ(shown.listed, Q(c.listed));
         EXPECT_EQ(shown.enabled, *c.listed != 0);
@@ -162,31 +177,12 @@ TEST_F(LoadDialogTest, OpensOnTheSupportLibraryListedInFileOrderAndUnchecked) {
     }
 }
 
-// A style the drawing lacks is no error: the text takes the drawing's standard
-// style.
-TEST_F(LoadDialogTest, RejectedDefinitionsAreReportedInFileOrderBeforeTheGoodOnesAreListed) {
-    Write("veld.lin",
-          ";; bad among good ones\n*GOOD1,First\nA,1,-0.5\n*LOWER,lower case\na,1,-1\n"
-          "*TRAIL,trailing comma\nA,1,-1,\n\n*GOOD2,Second\nA,2,-1\n*ONE,one element\nA,1\n"
-          "*UNQUOTED,text without quotes\nA,1,[GAS,STANDARD],-1\n*NEG,gap first\nA,-1,1\n"
-          ";; a text element needs a dash before it\n*TEXTFIRST\nA,[\"T\",STANDARD],1\n"
-          "*NOSTYLE,unknown style\nA,1,[\"N\",NO_SUCH_STYLE,S=1],-1\n");
-    const QStringList reports = {Rejected("LOWER", 5, "invalid alignment code"),
-                                 Rejected("TRAIL", 7, "invalid characters sequence"),
-                                 Rejected("ONE", 12, "Must be defined at least two traits"),
-                                 Rejected("UNQUOTED", 14, "Font type not supported"),
-                                 Rejected("NEG", 16, " "),
-                                 Rejected("TEXTFIRST", 19, " ")};
-    ScriptedUser user;
-    Shown shown;
-    for (qsizetype i = 0; i < reports.size(); ++i)
-        user.Answer(ulo::IDOK);
-    user.Inspect([&](QWidget* w) { shown = Look(w); }).Click(ulo::IDOK);
-    EXPECT_TRUE(Run(user, reports).isEmpty());
-    EXPECT_EQ(shown.listed, QStringLiteral("GOOD1|First; GOOD2|Second; NOSTYLE|unknown style"));
-}
-
+// A library that fails to read (/proc/self/mem opens but cannot be read at
+// its start) leaves an empty grid and a dialog still usable.
 TEST_F(LoadDialogTest, FileOpensAnotherLibraryFromTheSupportFolder) {
+    const QString failing = dir.filePath(QStringLiteral("failing.lin"));
+    if (!QFile::link(QStringLiteral("/proc/self/mem"), failing) || !QFileInfo::exists(failing))
+        GTEST_SKIP() << "no /proc";
     Write("veld.lin", "*LIB_A,a\nA,1,-1\n*LIB_B,b\nA,2,-2\n");
     const QString other =
         Write("other.lin", "*OTHER_A,oa\nA,3,-3\n*OTHER_B,ob\nA,4,-4\n*OTHER_C,oc\nA,5,-5\n");
@@ -203,6 +199,7 @@ TEST_F(LoadDialogTest, FileOpensAnotherLibraryFromTheSupportFolder) {
         {other, 1, "OTHER_A|oa; OTHER_B|ob; OTHER_C|oc", "OTHER_B|ob|4,-4", {}},
         {QString(), -1, "LIB_A|a; LIB_B|b", "LIB_A|a|1,-1", {}},
         {bad, 0, "RIGHT|ok", "RIGHT|ok|1,-0.5", {wrong}},
+        {failing, -1, "", "", {}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.listed);
@@ -216,17 +213,21 @@ TEST_F(LoadDialogTest, FileOpensAnotherLibraryFromTheSupportFolder) {
         if (c.checkAfter >= 0)
             user.CheckRow(kGrid, c.checkAfter);
         user.Click(ulo::IDOK);
-        EXPECT_EQ(Run(user, c.reports), QStringList{Q(c.made)});
+        EXPECT_EQ(Run(user, c.reports), *c.made ? QStringList{Q(c.made)} : QStringList());
         EXPECT_EQ(fileDialog.value(QStringLiteral("folder")), QDir(dir.path()).absolutePath());
         const QString filters = fileDialog.value(QStringLiteral("filters")).toString();
         EXPECT_TRUE(c.picked.isEmpty() || filters.contains(QStringLiteral("Linetype (*.lin)")));
         EXPECT_EQ(shown.path, c.picked.isEmpty() ? Library() : c.picked);
         EXPECT_EQ(shown.listed, Q(c.listed));
+        EXPECT_EQ(shown.enabled, *c.listed != 0);
     }
 }
 
+// Rows are checked by CheckRow, a tap on the check cell (not the name or the
+// description) or Space on the focused row; OK makes the checked definitions
+// the drawing lacks, in grid order. Rows 0 and 2 name line types the drawing
+// has, in another case.
 TEST_F(LoadDialogTest, OkMakesTheCheckedDefinitionsTheDrawingLacksInGridOrder) {
-    // Rows 0 and 2 name line types the drawing has, in another case.
     Write("veld.lin",
           "*dashed,the drawing's DASHED\nA,1,-1\n*NEW_A,first new\nA,1,-0.5,0,-0.5\n"
           "*Gas_Line,the drawing's GAS_LINE\nA,1,-1\n"
@@ -234,74 +235,51 @@ TEST_F(LoadDialogTest, OkMakesTheCheckedDefinitionsTheDrawingLacksInGridOrder) {
     const QString newA = QStringLiteral("NEW_A|first new|1,-0.5,0,-0.5");
     const QString newB = QStringLiteral("NEW_B|with text|1,[B:STANDARD],-1");
     const QString again = QStringLiteral("NEW_A|again|2,-2");
-    const struct {
-        const char* what;
-        std::vector<int> rows;  // checked in this order
-        int end;                // the button, or 0 for the close box
-        QStringList made;
-    } cases[] = {
-        {"every row, bottom up", {4, 3, 2, 1, 0}, ulo::IDOK, {newA, newB, again}},
-        {"none", {}, ulo::IDOK, {}},
-        {"cancel", {1, 3}, ulo::IDCANCEL, {}},
-        {"close box", {1}, 0, {}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        ScriptedUser user;
-        for (const int row : c.rows)
-            user.CheckRow(kGrid, row);
-        c.end ? user.Click(c.end) : user.Close();
-        EXPECT_EQ(Run(user, {}, c.end == ulo::IDOK ? ulo::IDOK : ulo::IDCANCEL), c.made);
-    }
-}
-
-TEST_F(LoadDialogTest, RowsAreCheckedByATapOnTheCheckCellOrBySpaceOnTheFocusedRow) {
-    Write("veld.lin", "*R0\nA,1,-1\n*R1\nA,2,-2\n*R2\nA,3,-3\n");
-    // Taps: 'c' on the check cell, 'n' the name, 'd' the description, then the row.
+    // kN: CheckRow N; cN, nN, dN: a tap on row N's check cell, name, description.
     const struct {
         const char* acts;
-        const char* made;
+        QStringList made;
     } cases[] = {
-        {"c1", "R1||2,-2"},     {"c1 c1", ""},
-        {"n0 d2", ""},          {"n2 space", "R2||3,-3"},
-        {"d0 space space", ""}, {"n0 space down down space", "R0||1,-1 R2||3,-3"},
+        {"k4 k3 k2 k1 k0 ok", {newA, newB, again}},
+        {"ok", {}},
+        {"k1 k3 cancel", {}},
+        {"k1 close", {}},
+        {"c1 ok", {newA}},
+        {"c1 c1 ok", {}},
+        {"n1 d3 ok", {}},
+        {"n3 space ok", {newB}},
+        {"d1 space space ok", {}},
+        {"n1 space down down space ok", {newA, newB}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.acts);
         ScriptedUser user;
-        for (const QString& act : Q(c.acts).split(u' '))
-            if (act[1].isDigit())
-                user.Tap(kGrid, act[1].digitValue(), QStringLiteral("cnd").indexOf(act[0]));
+        for (const QString& act : Q(c.acts).split(u' ')) {
+            if (act == u"space" || act == u"down")
+                user.Key(kGrid, act == u"space" ? Qt::Key_Space : Qt::Key_Down);
+            else if (act == u"ok" || act == u"cancel")
+                user.Click(act == u"ok" ? ulo::IDOK : ulo::IDCANCEL);
+            else if (act == u"close")
+                user.Close();
+            else if (act[0] == u'k')
+                user.CheckRow(kGrid, act[1].digitValue());
             else
-                user.Key(kGrid, act == QStringLiteral("space") ? Qt::Key_Space : Qt::Key_Down);
-        user.Click(ulo::IDOK);
-        EXPECT_EQ(Run(user).join(u' '), Q(c.made));
+                user.Tap(kGrid, act[1].digitValue(), QStringLiteral("cnd").indexOf(act[0]));
+        }
+        EXPECT_EQ(Run(user, {}, Q(c.acts).endsWith(u"ok") ? ulo::IDOK : ulo::IDCANCEL), c.made);
     }
 }
 
-TEST_F(LoadDialogTest, AFileThatFailsToReadLeavesAnEmptyGridAndAUsableDialog) {
-    // /proc/self/mem opens but cannot be read at its start.
-    const QString mem = QStringLiteral("/proc/self/mem");
-    if (!QFileInfo::exists(mem))
+TEST_F(LoadDialogTest, ALibraryThatFailsToReadAtTheStartLeavesAUsableDialog) {
+    if (!QFile::link(QStringLiteral("/proc/self/mem"), Library()) || !QFileInfo::exists(Library()))
         GTEST_SKIP() << "no /proc";
     const QString good = Write("good.lin", "*GOOD,g\nA,1,-1\n");
-    const QString failing = dir.filePath(QStringLiteral("failing.lin"));
-    ASSERT_TRUE(QFile::link(mem, failing));
-    for (const bool atStart : {true, false}) {  // else picked after a good library
-        SCOPED_TRACE(atStart ? "fails at the start" : "fails when picked");
-        QFile::remove(Library());
-        ASSERT_TRUE(atStart ? QFile::link(mem, Library()) : QFile::copy(good, Library()));
-        ScriptedUser user;
-        Shown failed;
-        if (!atStart)
-            user.CheckRow(kGrid, 0).Click(kFile).AnswerFile(failing);
-        user.Inspect([&](QWidget* w) { failed = Look(w); });
-        if (atStart)
-            user.Click(kFile).AnswerFile(good).CheckRow(kGrid, 0);
-        user.Click(ulo::IDOK);
-        EXPECT_EQ(Run(user), atStart ? QStringList{Q("GOOD|g|1,-1")} : QStringList());
-        EXPECT_EQ(failed.path, atStart ? Library() : failing);
-        EXPECT_TRUE(failed.listed.isEmpty());
-        EXPECT_FALSE(failed.enabled);
-    }
+    ScriptedUser user;
+    Shown failed;
+    user.Inspect([&](QWidget* w) { failed = Look(w); });
+    user.Click(kFile).AnswerFile(good).CheckRow(kGrid, 0).Click(ulo::IDOK);
+    EXPECT_EQ(Run(user), QStringList{Q("GOOD|g|1,-1")});
+    EXPECT_EQ(failed.path, Library());
+    EXPECT_TRUE(failed.listed.isEmpty());
+    EXPECT_FALSE(failed.enabled);
 }

@@ -53,13 +53,11 @@ Shown Look(QWidget* window) {
 
 // The sample drawing's line types as the list must offer them: table order,
 // the XRef-dependent one included, ByBlock and ByLayer left out.
-const QStringList kSampleRows = {
-    QStringLiteral("Continuous"), QStringLiteral("DASHED"),        QStringLiteral("HIDDEN"),
-    QStringLiteral("CENTER"),     QStringLiteral("PHANTOM"),       QStringLiteral("DOT"),
-    QStringLiteral("DASHDOT"),    QStringLiteral("BORDER"),        QStringLiteral("DIVIDE"),
-    QStringLiteral("GAS_LINE"),   QStringLiteral("WATER_LINE"),    QStringLiteral("FENCE_LINE"),
-    QStringLiteral("BOUNDARY"),   QStringLiteral("BASEMAP|TRACK"),
-};
+const QStringList kSampleRows =
+    QStringLiteral(
+        "Continuous DASHED HIDDEN CENTER PHANTOM DOT DASHDOT BORDER DIVIDE GAS_LINE "
+        "WATER_LINE FENCE_LINE BOUNDARY BASEMAP|TRACK")
+        .split(u' ');
 
 class SelTypeTest : public ::testing::Test {
 protected:
@@ -113,9 +111,7 @@ TEST_F(SelTypeTest, OpensOnThePresetRowSelectedAndMarkedCurrentInEveryLayout) {
         EXPECT_EQ(shown.marked, preset);
         EXPECT_EQ(shown.selected, c.listed ? preset : nullptr);
         EXPECT_EQ(shown.selectedRowInView, c.listed);
-        EXPECT_EQ(shown.headings,
-                  (QStringList{QStringLiteral("Line type"), QStringLiteral("Appearance"),
-                               QStringLiteral("Description")}));
+        EXPECT_EQ(shown.headings, QStringLiteral("Line type|Appearance|Description").split(u'|'));
         // Three equal columns filling the list, never wider than it.
         ASSERT_EQ(shown.widths.size(), 3u);
         EXPECT_EQ(shown.widths, std::vector<int>(3, shown.widths[0]));

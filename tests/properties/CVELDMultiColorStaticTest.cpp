@@ -1,5 +1,6 @@
 // The colour strips: what each cell shows, where the borders fall, and which
-// index a point picks, also at sizes that hold no whole cells.
+// index a point picks, also at sizes that hold no whole cells. The colour
+// swatch: which colour an index shows, and its name.
 #include <gtest/gtest.h>
 
 #include <QImage>
@@ -8,9 +9,11 @@
 #include <set>
 
 #include "app/VELD.h"
+#include "properties/CVELDEntColorStatic.h"
 #include "properties/CVELDMultiColorStatic.h"
 #include "ulo/ctrl/Controls.h"
 
+using veld5::CVELDEntColorStatic;
 using veld5::CVELDMultiColorStatic;
 
 namespace {
@@ -24,6 +27,15 @@ std::unique_ptr<CVELDMultiColorStatic> make(short first, short count, int w, int
                        : std::make_unique<CVELDMultiColorStatic>(first, count);
     s->resize(w, h);
     return s;
+}
+
+QRgb rgbOf(int index) {
+    return ulo::ColorFromRef(GetClrNo(nullptr, index).value).rgb();
+}
+
+QRgb centre(QWidget& w) {
+    w.resize(20, 20);
+    return w.grab().toImage().pixel(10, 10);
 }
 
 }  // namespace
@@ -54,7 +66,7 @@ TEST(CVELDMultiColorStatic, CellsShowTheirColoursBetweenSharedBorders) {
         EXPECT_EQ(s->CellHeight(), c.cellH) << what;
         for (const auto& [column, row, index] : c.cells) {
             const int x = column * c.cellW, y = row * c.cellH;
-            const QRgb fill = ulo::ColorFromRef(GetClrNo(nullptr, index).value).rgb();
+            const QRgb fill = rgbOf(index);
             const std::string where = what + ", cell " + std::to_string(index);
             EXPECT_EQ(rgb(x + c.cellW / 2, y + c.cellH / 2), fill) << where;
             // One border line, then the fill.
@@ -88,9 +100,11 @@ TEST(CVELDMultiColorStatic, TheStripsTogetherHoldEveryIndexOnce) {
         EXPECT_EQ(seen.count(index), 1u) << index;
 }
 
-// A point outside every painted cell picks nothing: no index beyond a strip's
+// A point outside every painted cell picks nothing: none beyond a strip's
 // run, none from the margin a size without whole cells leaves, none from a
-// control too small to hold its cells. A point on a cell reports its index.
+// control too small to hold its cells; a point on a cell reports its index.
+// (The picker's presses at the first and last pixels of each strip, and just
+// beside it, at every multiplier: CCECADDlgColorTest.)
 TEST(CVELDMultiColorStatic, APointOutsideTheCellsPicksNothing) {
     const struct {
         short first, count;
@@ -98,13 +112,11 @@ TEST(CVELDMultiColorStatic, APointOutsideTheCellsPicksNothing) {
         QPoint point;
         int index;  // -1: nothing
     } cases[] = {
-        {1, 9, 90, 20, {0, 0}, 1},           {1, 9, 90, 20, {89, 19}, 9},
-        {1, 9, 90, 20, {90, 10}, -1},        {1, 9, 90, 20, {10, 20}, -1},
-        {1, 9, 90, 20, {-1, 10}, -1},        {1, 9, 90, 20, {10, -1}, -1},
-        {1, 9, 100, 20, {99, 10}, -1},       {1, 9, 100, 20, {98, 10}, 9},
-        {1, 9, 8, 20, {4, 10}, -1},          {1, 0, 90, 20, {4, 10}, -1},
-        {kEven, 0, 216, 45, {215, 44}, 240}, {kOdd, 0, 216, 45, {0, 45}, -1},
-        {kOdd, 0, 220, 47, {217, 10}, -1},   {kOdd, 0, 220, 47, {5, 46}, -1},
+        {1, 9, 90, 20, {90, 10}, -1},      {1, 9, 90, 20, {10, 20}, -1},
+        {1, 9, 90, 20, {-1, 10}, -1},      {1, 9, 90, 20, {10, -1}, -1},
+        {1, 9, 100, 20, {99, 10}, -1},     {1, 9, 100, 20, {98, 10}, 9},
+        {1, 9, 8, 20, {4, 10}, -1},        {1, 0, 90, 20, {4, 10}, -1},
+        {kOdd, 0, 220, 47, {217, 10}, -1}, {kOdd, 0, 220, 47, {5, 46}, -1},
         {kEven, 0, 20, 4, {1, 1}, -1},
     };
     for (const auto& c : cases) {
@@ -150,5 +162,59 @@ TEST(CVELDMultiColorStatic, FitsWholeCellsInsideItsRectangle) {
         EXPECT_EQ(s->geometry(), c.placed) << what;
         EXPECT_EQ(s->CellWidth() * s->Columns(), s->width()) << what;
         EXPECT_EQ(s->CellHeight() * s->Rows(), s->height()) << what;
+    }
+}
+
+// Constructed with an index or given it later, the swatch paints the colour of
+// the index it resolves to and names the index as the picker does; the
+// properties the scripted user reads agree. A block colour of 256 is not
+// resolved again, and an entity set's "none" (65535) shows no palette colour.
+TEST(CVELDEntColorStatic, ShowsTheColourAndNameOfTheResolvedIndex) {
+    const struct {
+        short colour;
+        unsigned short layer, block;
+        int shown;
+        const char* name;
+    } cases[] = {
+        {-1, 3, 5, 250, "Varies"},   {-32768, 3, 5, 250, "Varies"},
+        {0, 3, 5, 5, "ByBlock"},     {256, 3, 5, 3, "ByLayer"},
+        {7, 3, 5, 7, "White"},       {8, 3, 5, 8, "8"},
+        {255, 3, 5, 255, "255"},     {300, 3, 5, 300, ""},
+        {0, 3, 256, 256, "ByBlock"}, {256, 65535, 65535, 65535, "ByLayer"},
+    };
+    for (const auto& c : cases) {
+        const std::string what = std::to_string(c.colour) + ", layer " + std::to_string(c.layer) +
+                                 ", block " + std::to_string(c.block);
+        CVELDEntColorStatic built(nullptr, c.colour, c.layer, c.block);
+        EXPECT_EQ(built.GetShownColorIndex(), c.shown) << what;
+        EXPECT_EQ(centre(built), rgbOf(c.shown)) << what;
+        EXPECT_EQ(built.property("colorIndex").toInt(), c.colour) << what;
+        EXPECT_EQ(built.property("shownColorIndex").toInt(), c.shown) << what;
+        EXPECT_EQ(built.property("colorName").toString(), QString::fromLatin1(c.name)) << what;
+        EXPECT_EQ(CVELDEntColorStatic::NameOf(c.colour), QString::fromLatin1(c.name)) << what;
+
+        // The same through the setter, from a swatch that showed another colour.
+        CVELDEntColorStatic set(nullptr, 2, c.layer, c.block);
+        ASSERT_EQ(centre(set), rgbOf(2));
+        set.SetColorIndex(static_cast<unsigned short>(c.colour));
+        EXPECT_EQ(set.GetColorIndex(), c.colour) << what;
+        EXPECT_EQ(centre(set), rgbOf(c.shown)) << what << " after SetColorIndex";
+    }
+}
+
+// A new layer colour shows at once when the swatch shows ByLayer; otherwise it
+// is kept for when it does.
+TEST(CVELDEntColorStatic, ALayerColourChangeShowsOnlyThroughByLayer) {
+    const struct {
+        short colour;
+        int shownAfterChange;
+    } cases[] = {{256, 4}, {5, 5}, {0, 6}, {-1, 250}};
+    for (const auto& c : cases) {
+        CVELDEntColorStatic s(nullptr, c.colour, 3, 6);
+        s.SetLayerColorIndex(4);
+        EXPECT_EQ(s.GetLayerColorIndex(), 4) << c.colour;
+        EXPECT_EQ(centre(s), rgbOf(c.shownAfterChange)) << c.colour;
+        s.SetColorIndex(256);
+        EXPECT_EQ(centre(s), rgbOf(4)) << c.colour << ", then ByLayer";
     }
 }

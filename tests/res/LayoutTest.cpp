@@ -3,7 +3,6 @@
 // frame, and the same controls everywhere.
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QCheckBox>
 #include <QFontMetrics>
 #include <QGroupBox>
@@ -24,22 +23,14 @@ struct Case {
     int layout;
 };
 
-std::vector<Case> allCases() {
-    std::vector<Case> cases;
-    for (const auto& t : veld5::DialogTemplates())
-        for (int v = 0; v < 4; ++v)
-            cases.push_back({t.baseId, v});
-    return cases;
-}
-
-/// The layouts of the templates that frame some of their controls.
-std::vector<Case> casesWithGroups() {
+/// Every layout of every template, or of those that frame some of their controls.
+std::vector<Case> layouts(bool groupedOnly) {
     std::vector<Case> cases;
     for (const auto& t : veld5::DialogTemplates()) {
         const bool grouped = std::any_of(t.controls.begin(), t.controls.end(), [](const auto& c) {
             return c.kind == ulo::CtrlKind::GroupBox;
         });
-        for (int v = 0; grouped && v < 4; ++v)
+        for (int v = 0; v < 4 && (grouped || !groupedOnly); ++v)
             cases.push_back({t.baseId, v});
     }
     return cases;
@@ -79,11 +70,6 @@ int neededWidth(QWidget* w) {
     return -1;
 }
 
-const ulo::CtrlTemplate* controlOf(const ulo::DialogTemplate& t, QWidget* w) {
-    const int index = w->property(ulo::prop::kCtrlIndex).toInt();
-    return index < static_cast<int>(t.controls.size()) ? &t.controls[index] : nullptr;
-}
-
 QString describe(const ulo::CtrlTemplate& ctrl) {
     return QStringLiteral("%1 \"%2\"").arg(ctrl.id).arg(QString::fromWCharArray(ctrl.label));
 }
@@ -113,9 +99,9 @@ protected:
         for (QWidget* w : children) {
             if (!w->property(ulo::prop::kCtrlId).isValid())
                 continue;
-            const ulo::CtrlTemplate* ctrl = controlOf(*t, w);
-            ASSERT_NE(ctrl, nullptr);
-            built.push_back({w, ctrl, w->geometry()});
+            const auto index = w->property(ulo::prop::kCtrlIndex).toUInt();
+            ASSERT_LT(index, t->controls.size());
+            built.push_back({w, &t->controls[index], w->geometry()});
             if (!w->isHidden())
                 placed.push_back(built.back());
         }
@@ -123,11 +109,8 @@ protected:
     void TearDown() override { CPalmDevice::SetLayoutOverride(-1); }
 
     std::string where(const ulo::CtrlTemplate& ctrl) const {
-        return QStringLiteral("%1/%2 control %3")
-            .arg(GetParam().base)
-            .arg(GetParam().layout)
-            .arg(describe(ctrl))
-            .toStdString();
+        return std::to_string(GetParam().base) + "/" + std::to_string(GetParam().layout) +
+               " control " + describe(ctrl).toStdString();
     }
 
     veld5::CModuleResourceScope scope;
@@ -172,7 +155,8 @@ TEST_P(TemplateLayout, ControlsFitAndDoNotOverlap) {
         }
 }
 
-INSTANTIATE_TEST_SUITE_P(AllTemplates, TemplateLayout, ::testing::ValuesIn(allCases()), caseName);
+INSTANTIATE_TEST_SUITE_P(AllTemplates, TemplateLayout, ::testing::ValuesIn(layouts(false)),
+                         caseName);
 
 // What lies in a group box's rectangle must lie in the area the style leaves for
 // its contents: under the title's line and some pixels clear of the frame lines.
@@ -202,7 +186,7 @@ TEST_P(GroupLayout, ContentsSitInsideTheFrame) {
     EXPECT_GT(groups, 0) << "no visible group box";
 }
 
-INSTANTIATE_TEST_SUITE_P(TemplatesWithGroups, GroupLayout, ::testing::ValuesIn(casesWithGroups()),
+INSTANTIATE_TEST_SUITE_P(TemplatesWithGroups, GroupLayout, ::testing::ValuesIn(layouts(true)),
                          caseName);
 
 TEST(TemplateCatalogue, TwentyFourTemplatesWithTheirSizes) {

@@ -1,10 +1,8 @@
 // Command-line arguments in this file are ASCII literals: let them convert.
 #undef QT_NO_CAST_FROM_ASCII
-// Random user sessions on every factory operation whose dialog is built, in
-// the four layouts: a few per operation and layout here; veld-sessions runs
-// any number. An operation that shows no dialog yet is skipped, and joins by
-// itself once it does. Also the seeds of a run's sessions, the tool's command
-// line, and sessions that once failed, replayed.
+// Random user sessions on every operation whose dialog is built, in the four
+// layouts (an operation that shows no dialog yet is skipped); the seeds of a
+// run's sessions, the tool's command line, and sessions that once failed.
 #include <gtest/gtest.h>
 
 #include <set>
@@ -44,6 +42,27 @@ unsigned seedOf(const std::string& op, int layout, int session) {
 
 class Sessions : public ::testing::TestWithParam<std::tuple<std::string, int>> {};
 
+/// Plays @p script with veld-play on the sample drawing, expecting no error;
+/// returns the last event of @p kind (without its event and operation
+/// fields) and what was printed.
+QJsonObject replay(IVELDDlgFactory* factory, const QString& script, const char* kind,
+                   QString& printed) {
+    veldplay::DrawingHost host;
+    QString error;
+    EXPECT_TRUE(host.Open(QString(), true, QString(), error)) << error.toStdString();
+    QTextStream out(&printed);
+    EXPECT_EQ(veldplay::Player(factory, &host, out).Run(script), 0) << script.toStdString();
+    out.flush();
+    QJsonObject last;
+    for (const QString& line : printed.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        QJsonObject e = QJsonDocument::fromJson(line.toUtf8()).object();
+        if (e.take(QStringLiteral("event")) == QLatin1String(kind))
+            last = e;
+    }
+    last.remove(QStringLiteral("operation"));
+    return last;
+}
+
 }  // namespace
 
 TEST_P(Sessions, KeepEveryPromise) {
@@ -65,25 +84,15 @@ TEST_P(Sessions, KeepEveryPromise) {
 TEST(SessionScripts, ReplayWithVeldPlayToTheSameReturn) {
     QString error;
     const QStringList corpus = automation::HostileTexts(&error);
+    ASSERT_FALSE(corpus.isEmpty()) << error.toStdString();
     IVELDDlgFactory* factory = CreateFactory();
-    for (const QString& op : sessions::BuiltOperations(factory)) {
+    const QStringList built = sessions::BuiltOperations(factory);
+    ASSERT_FALSE(built.isEmpty());
+    for (const QString& op : built) {
         for (unsigned seed = 1; seed <= 3; ++seed) {
             const sessions::SessionResult r = sessions::RunSession(factory, op, 2, seed, corpus);
-            veldplay::DrawingHost host;
-            ASSERT_TRUE(host.Open(QString(), true, QString(), error));
             QString printed;
-            QTextStream out(&printed);
-            EXPECT_EQ(veldplay::Player(factory, &host, out).Run(r.script), 0)
-                << r.script.toStdString();
-            out.flush();
-            QJsonObject returned;
-            for (const QString& line : printed.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
-                const QJsonObject e = QJsonDocument::fromJson(line.toUtf8()).object();
-                if (e.value(QStringLiteral("event")) == QLatin1String("return"))
-                    returned = e;
-            }
-            returned.remove(QStringLiteral("event"));
-            returned.remove(QStringLiteral("operation"));
+            const QJsonObject returned = replay(factory, r.script, "return", printed);
             EXPECT_EQ(returned, r.returned) << r.script.toStdString() << printed.toStdString();
         }
     }
@@ -132,19 +141,9 @@ TEST(SessionScripts, FilterPickedAfterARefusedLayerNameReplaysCleanly) {
         const QString script = QStringLiteral("layout 0\ncall ShowDlgLayer\n") +
                                QString::fromUtf8(r.steps) +
                                QStringLiteral("  read 1128\n  click 2\nend\n");
-        veldplay::DrawingHost host;
-        QString error;
-        ASSERT_TRUE(host.Open(QString(), true, QString(), error));
         QString printed;
-        QTextStream out(&printed);
-        EXPECT_EQ(veldplay::Player(factory, &host, out).Run(script), 0) << script.toStdString();
-        out.flush();
-        int selected = -1;
-        for (const QString& line : printed.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
-            const QJsonObject e = QJsonDocument::fromJson(line.toUtf8()).object();
-            if (e.value(QStringLiteral("event")) == QLatin1String("control"))
-                selected = e.value(QStringLiteral("selected")).toInt(-1);
-        }
+        const int selected =
+            replay(factory, script, "control", printed).value(QStringLiteral("selected")).toInt(-1);
         EXPECT_EQ(selected, r.filter) << script.toStdString() << printed.toStdString();
     }
 }

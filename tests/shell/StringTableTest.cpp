@@ -1,7 +1,7 @@
 // The string table holds every text the code loads, once, in id order.
 #include <gtest/gtest.h>
 
-#include <set>
+#include <utility>
 
 #include "res/Resources.h"
 #include "res/StringIds.h"
@@ -23,17 +23,10 @@ TEST(StringTable, EveryLoadedIdExists) {
 }
 
 TEST(StringTable, HatchNamesCoverEveryPatternId) {
-    std::set<unsigned> ids;
-    for (unsigned id = 100; id <= 135; ++id)
-        ids.insert(id);
-    for (unsigned id = 201; id <= 214; ++id)
-        ids.insert(id);
-    for (unsigned id = 301; id <= 308; ++id)
-        ids.insert(id);
-    for (unsigned id = 401; id <= 411; ++id)
-        ids.insert(id);
-    for (unsigned id : ids)
-        EXPECT_NE(veld5::ModuleResources().FindString(id), nullptr) << id;
+    for (const auto& [first, last] :
+         {std::pair{100u, 135u}, {201u, 214u}, {301u, 308u}, {401u, 411u}})
+        for (unsigned id = first; id <= last; ++id)
+            EXPECT_NE(veld5::ModuleResources().FindString(id), nullptr) << id;
     EXPECT_EQ(veld5::LoadResString(135), L"Cadastre1");
     EXPECT_EQ(veld5::LoadResString(207), L"ISO 8");
     EXPECT_EQ(veld5::LoadResString(308), L"ANSI 38");

@@ -1,14 +1,10 @@
 // The layer and line type table controller on the sample drawing: the rules
-// and their warnings, new layers, the rename check, and the end of a visit
-// (Rollback leaves the drawing as it was, Commit hands over one command that
-// undo and redo walk between the two states).
+// and their warnings (each leaving the drawing as it was at once, before any
+// Cancel), new layers, the rename check, and what Commit hands over.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <functional>
-#include <limits>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "app/DrawingFile.h"
@@ -34,10 +30,6 @@ constexpr const wchar_t* kLtypeNotDeleted =
 
 std::string write(const CVELD& cad) {
     return drawingfile::Write(cad).toStdString();
-}
-/// The drawing with what lives only in the running program (undo counts).
-std::string dump(const CVELD& cad) {
-    return drawingfile::Dump(cad).toStdString();
 }
 
 struct Message {
@@ -66,7 +58,6 @@ struct Visit {
             l->SubReference();
         }
         data()->GetLtypeTable().Add(newLtype(L"SPARE_LT", 1.0).get());
-        dumpBefore = dump(cad);
         writeBefore = write(cad);
         ctrl = ulo::RefPtr<CLayerLtypeCtrlDlg>::Adopt(new CLayerLtypeCtrlDlg(&cad));
         ctrl->SetNotifier(&recorder);
@@ -90,7 +81,7 @@ struct Visit {
 
     CVELD cad;
     Recorder recorder;
-    std::string dumpBefore, writeBefore;
+    std::string writeBefore;
     ulo::RefPtr<CLayerLtypeCtrlDlg> ctrl;
 };
 
@@ -182,16 +173,6 @@ TEST(LayerLtypeCtrlRules, SeveralSelectedDeleteWhatMayGoWithoutAWarning) {
     EXPECT_EQ(v.ctrl->GetNoSelLayers(), 0u);
 }
 
-TEST(LayerLtypeCtrlRules, WhichLineTypesMayBeDeleted) {
-    Visit v;
-    EXPECT_FALSE(v.ctrl->CanDeleteLtype(nullptr));
-    for (const wchar_t* name : {L"ByBlock", L"ByLayer", L"continuous", L"BASEMAP|TRACK"})
-        EXPECT_FALSE(v.ctrl->CanDeleteLtype(v.ltype(name))) << name;
-    // In use or not is DeleteSelLtype's business, not this test's.
-    for (const wchar_t* name : {L"SPARE_LT", L"HIDDEN"})
-        EXPECT_TRUE(v.ctrl->CanDeleteLtype(v.ltype(name))) << name;
-}
-
 TEST(LayerLtypeCtrlRules, NameChangeIsJudgedAgainstTheNameAtTheStart) {
     Visit v;
     v.layer(L"ROADS")->SetName(L"STREETS");  // renamed during the visit
@@ -250,21 +231,6 @@ TEST(LayerLtypeCtrlNewLayer, LineTypeOfAnExistingNameTakesTheNewDefinition) {
     EXPECT_EQ(v.data()->GetLtypeTable().GetNoItems(), count);
     EXPECT_EQ(v.ltype(L"DASHED")->GetName(), L"DASHED");
     EXPECT_TRUE(v.ltype(L"DASHED")->GetLtypeComplexDashSeq() == loaded->GetLtypeComplexDashSeq());
-}
-
-TEST(LayerLtypeCtrlEnd, CommitMakesTheChosenItemsCurrentAndUndoTheFormerOnes) {
-    Visit v;
-    veld::CLtype* formerLtype = GetCurLtype(&v.cad);
-    v.select({L"SPARE1"});
-    ASSERT_TRUE(v.ctrl->MakeSelLayerCurrent());
-    v.ctrl->SetSelLtype(v.ltype(L"SPARE_LT"));
-    ASSERT_TRUE(v.ctrl->MakeSelLtypeCurrent());
-    v.ctrl->Commit();
-    EXPECT_EQ(GetCurLayer(&v.cad), v.layer(L"SPARE1"));
-    EXPECT_EQ(GetCurLtype(&v.cad), v.ltype(L"SPARE_LT"));
-    ASSERT_TRUE(v.cad.Undo());
-    EXPECT_EQ(GetCurLayer(&v.cad), v.layer(L"BUILDINGS"));
-    EXPECT_EQ(GetCurLtype(&v.cad), formerLtype);
 }
 
 TEST(LayerLtypeCtrlEnd, LayerMadeAndDeletedInOneVisitLeavesNoTrace) {

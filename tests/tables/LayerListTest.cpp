@@ -1,17 +1,12 @@
 // The layers dialog's list: the order of every column in both directions, the
-// words tools read, rows found after a sort, the selection across a sort and
-// a refill, taps and header clicks, the marked current layer, the compiled-in
-// icons and the painted rows.
+// words tools read, rows found after a sort, the selection across sorts, the
+// compiled-in icons and the painted rows with the current layer marked.
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QHeaderView>
 #include <QImage>
-#include <QSignalSpy>
 #include <QTest>
-#include <functional>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "app/VELD.h"
@@ -100,7 +95,6 @@ struct ShownList : CVELDLayerList {
     QString Text(int row, int column) const {
         return GetListModel()->data(GetListModel()->index(row, column)).toString();
     }
-    QPoint Centre(int row, int column) const { return CellRect(row, column).center(); }
 };
 
 }  // namespace

@@ -17,6 +17,8 @@
 #include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/MessageBox.h"
 
+using namespace Qt::StringLiterals;
+
 TEST(KeyboardEdit, TakingTheKeyboardAwayEndsTheEdit) {
     QWidget window;
     auto* layout = new QVBoxLayout(&window);
@@ -53,54 +55,33 @@ TEST(KeyboardEdit, InputBeyondTheLimitKeepsWhatFitsBeepsAndTips) {
     enum class Way { Keys, Commit, Paste, Insert };
     const auto run = [](QChar c, int n) { return QString(n, c); };
     const QString digits = QStringLiteral("0123456789").repeated(N / 10 + 2);
+    const QString a = run(u'a', N - 2);
     const struct {
         const char* what;
         Kind kind;
         QString start;
         int cursor;  // -1: at the end; -2: all selected
         Way way;
-        QString input;
-        QString result;
+        QString input, result;
         bool refused;
     } cases[] = {
-        {"typing within",
-         Kind::Text,
-         {},
-         -1,
-         Way::Keys,
-         QStringLiteral("hello"),
-         QStringLiteral("hello"),
-         false},
-        {"typing up to the limit", Kind::Text, run(u'a', N - 2), -1, Way::Keys,
-         QStringLiteral("bc"), run(u'a', N - 2) + QStringLiteral("bc"), false},
-        {"a key past the limit", Kind::Text, run(u'a', N - 2), -1, Way::Keys, QStringLiteral("bcd"),
-         run(u'a', N - 2) + QStringLiteral("bc"), true},
-        {"a key into a full number edit", Kind::Number, run(u'1', N - 1), -1, Way::Keys,
-         QStringLiteral("23"), run(u'1', N - 1) + QStringLiteral("2"), true},
-        {"an input method's commit", Kind::Text, run(u'a', N - 1), -1, Way::Commit,
-         QStringLiteral("xyz"), run(u'a', N - 1) + QStringLiteral("x"), true},
-        {"a long paste into an empty edit",
-         Kind::Text,
-         {},
-         -1,
-         Way::Paste,
-         digits.left(N + 10),
-         digits.left(N),
-         true},
-        {"a paste in the middle", Kind::Text, run(u'a', N - 2), 1, Way::Paste,
-         QStringLiteral("XYZ"), QStringLiteral("aXY") + run(u'a', N - 3), true},
+        {"typing within", Kind::Text, QString(), -1, Way::Keys, u"hello"_s, u"hello"_s, false},
+        {"typing up to the limit", Kind::Text, a, -1, Way::Keys, u"bc"_s, a + u"bc"_s, false},
+        {"a key past the limit", Kind::Text, a, -1, Way::Keys, u"bcd"_s, a + u"bc"_s, true},
+        {"a key into a full number edit", Kind::Number, run(u'1', N - 1), -1, Way::Keys, u"23"_s,
+         run(u'1', N - 1) + u"2"_s, true},
+        {"an input method's commit", Kind::Text, run(u'a', N - 1), -1, Way::Commit, u"xyz"_s,
+         run(u'a', N - 1) + u"x"_s, true},
+        {"a long paste into an empty edit", Kind::Text, QString(), -1, Way::Paste,
+         digits.left(N + 10), digits.left(N), true},
+        {"a paste in the middle", Kind::Text, a, 1, Way::Paste, u"XYZ"_s,
+         u"aXY"_s + run(u'a', N - 3), true},
         {"a paste over a selection that fits", Kind::Text, run(u'a', N), -2, Way::Paste,
          run(u'b', N), run(u'b', N), false},
-        {"a long paste into a password",
-         Kind::Password,
-         {},
-         -1,
-         Way::Paste,
-         run(u'p', N + 1),
-         run(u'p', N),
-         true},
-        {"an insertion into a full edit", Kind::Text, run(u'a', N), -1, Way::Insert,
-         QStringLiteral("q"), run(u'a', N), true},
+        {"a long paste into a password", Kind::Password, QString(), -1, Way::Paste,
+         run(u'p', N + 1), run(u'p', N), true},
+        {"an insertion into a full edit", Kind::Text, run(u'a', N), -1, Way::Insert, u"q"_s,
+         run(u'a', N), true},
     };
     struct BeepCount {
         int n = 0;
@@ -208,19 +189,16 @@ TEST(ColourControls, ButtonsShowTheirSchemeOverWhatTheyInherit) {
     inherited.setColor(QPalette::Window, QColor(0x00, 0x60, 0x00));
     parent.setPalette(inherited);
     for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << "scheme (" << c.text << ", " << c.back << ")");
         auto* button = new CColButton(&parent);
         button->SetBtnColor(c.text, c.back);
-        const QString scheme = QStringLiteral("scheme (%1, %2)").arg(c.text).arg(c.back);
-        EXPECT_EQ(button->GetTextScheme(), c.text) << qPrintable(scheme);
-        EXPECT_EQ(button->GetBackScheme(), c.back) << qPrintable(scheme);
         const QPalette p = button->palette();
         for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-            EXPECT_EQ(p.color(group, QPalette::ButtonText), c.textColour) << qPrintable(scheme);
-            EXPECT_EQ(p.color(group, QPalette::Button), c.backColour) << qPrintable(scheme);
+            EXPECT_EQ(p.color(group, QPalette::ButtonText), c.textColour);
+            EXPECT_EQ(p.color(group, QPalette::Button), c.backColour);
         }
-        EXPECT_EQ(p.color(QPalette::Disabled, QPalette::ButtonText), QColor(0x9a, 0x9a, 0x9a))
-            << qPrintable(scheme);
-        EXPECT_EQ(p.color(QPalette::Window), QColor(0x00, 0x60, 0x00)) << qPrintable(scheme);
+        EXPECT_EQ(p.color(QPalette::Disabled, QPalette::ButtonText), QColor(0x9a, 0x9a, 0x9a));
+        EXPECT_EQ(p.color(QPalette::Window), QColor(0x00, 0x60, 0x00));
     }
 }
 
@@ -232,30 +210,7 @@ TEST(ColourControls, SwatchColours) {
 
 // The toolkit's controls and dialogs declare the properties code and tests
 // read them by: setting them adds no dynamic property.
-TEST(ControlIds, ToolkitControlsDeclareTheirIdAndIndex) {
-    std::vector<std::unique_ptr<QWidget>> controls;
-    controls.push_back(std::make_unique<CColButton>());
-    controls.push_back(std::make_unique<CCEBaseButton>());
-    controls.push_back(std::make_unique<ulo::CCERadioButton>());
-    controls.push_back(std::make_unique<ulo::CCEStatic>());
-    controls.push_back(std::make_unique<ulo::CCEGroupBox>());
-    controls.push_back(std::make_unique<CCEEditKeybNum>());
-    controls.push_back(std::make_unique<CCEEditKeybTxt>());
-    controls.push_back(std::make_unique<CCEBaseKeybCombo>());
-    controls.push_back(std::make_unique<CColorStatic>());
-    controls.push_back(std::make_unique<CCEMSGridCtrl>(0, 3));
-    for (const auto& w : controls) {
-        const char* kind = w->metaObject()->className();
-        EXPECT_FALSE(w->property(ulo::prop::kCtrlId).isValid()) << kind;  // no control yet
-        w->setProperty(ulo::prop::kCtrlId, 4779u);
-        w->setProperty(ulo::prop::kCtrlIndex, 3);
-        EXPECT_EQ(ulo::GetDlgCtrlID(w.get()), 4779u) << kind;
-        EXPECT_EQ(w->property(ulo::prop::kCtrlIndex).toInt(), 3) << kind;
-        EXPECT_TRUE(w->dynamicPropertyNames().isEmpty()) << kind;
-    }
-}
-
-TEST(ControlIds, BuiltDialogsCarryThemWithoutDynamicProperties) {
+TEST(ControlIds, ControlsAndBuiltDialogsDeclareTheirIdAndIndex) {
     using ulo::CtrlKind;
     const ulo::DlgRect r{4, 4, 60, 12};
     const ulo::CtrlTemplate controls[] = {
@@ -289,6 +244,27 @@ TEST(ControlIds, BuiltDialogsCarryThemWithoutDynamicProperties) {
         ASSERT_NE(w, nullptr) << controls[i].id;
         EXPECT_EQ(ulo::GetDlgCtrlID(w), controls[i].id);
         EXPECT_EQ(w->property(ulo::prop::kCtrlIndex).toInt(), i) << controls[i].id;
-        EXPECT_TRUE(w->dynamicPropertyNames().isEmpty()) << w->metaObject()->className();
+        EXPECT_TRUE(w->dynamicPropertyNames().isEmpty()) << controls[i].id;
+    }
+    // Each control class, the ones no template builds too.
+    std::vector<std::unique_ptr<QWidget>> widgets;
+    widgets.push_back(std::make_unique<CColButton>());
+    widgets.push_back(std::make_unique<CCEBaseButton>());
+    widgets.push_back(std::make_unique<ulo::CCERadioButton>());
+    widgets.push_back(std::make_unique<ulo::CCEStatic>());
+    widgets.push_back(std::make_unique<ulo::CCEGroupBox>());
+    widgets.push_back(std::make_unique<CCEEditKeybNum>());
+    widgets.push_back(std::make_unique<CCEEditKeybTxt>());
+    widgets.push_back(std::make_unique<CCEBaseKeybCombo>());
+    widgets.push_back(std::make_unique<CColorStatic>());
+    widgets.push_back(std::make_unique<CCEMSGridCtrl>(0, 3));
+    for (const auto& w : widgets) {
+        const char* kind = w->metaObject()->className();
+        EXPECT_FALSE(w->property(ulo::prop::kCtrlId).isValid()) << kind;  // no control yet
+        w->setProperty(ulo::prop::kCtrlId, 4779u);
+        w->setProperty(ulo::prop::kCtrlIndex, 3);
+        EXPECT_EQ(ulo::GetDlgCtrlID(w.get()), 4779u) << kind;
+        EXPECT_EQ(w->property(ulo::prop::kCtrlIndex).toInt(), 3) << kind;
+        EXPECT_TRUE(w->dynamicPropertyNames().isEmpty()) << kind;
     }
 }

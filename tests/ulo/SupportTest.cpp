@@ -1,4 +1,4 @@
-// Special folders, string loading and the message box answers.
+// Source events, special folders, string loading and the message box answers.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -7,10 +7,56 @@
 #include <QTimer>
 
 #include "ulo/ResourceModule.h"
+#include "ulo/SourceEvent.h"
 #include "ulo/SpecialFolder.h"
 #include "ulo/ctrl/MessageBox.h"
 
 using ulo::WString;
+
+namespace {
+struct Counter : ulo::ISourceEventListener {
+    int calls = 0;
+    void OnSourceEvent(ulo::CSourceEvent&) override { ++calls; }
+};
+}  // namespace
+
+// Brackets nest, and only the outermost one that saw a change notifies, also
+// when left by an exception.
+TEST(SourceEvent, OneNotificationPerOutermostBracket) {
+    ulo::CSourceEvent source;
+    Counter listener;
+    source.AddListener(&listener);
+    {
+        ulo::CSourceEventBracket outer(&source);
+        source.Changed();
+        {
+            ulo::CSourceEventBracket inner(&source);
+            source.Changed();
+        }
+        EXPECT_EQ(listener.calls, 0);
+        source.Changed();
+    }
+    EXPECT_EQ(listener.calls, 1);
+    source.Changed();  // outside a bracket: at once
+    EXPECT_EQ(listener.calls, 2);
+    {
+        ulo::CSourceEventBracket quiet(&source);  // no change, no notification
+    }
+    EXPECT_EQ(listener.calls, 2);
+    try {
+        ulo::CSourceEventBracket b(&source);
+        source.Changed();
+        throw 1;
+    } catch (int) {
+    }
+    EXPECT_EQ(source.GetDepth(), 0);
+    EXPECT_EQ(listener.calls, 3);
+    source.EndEvent();  // unbalanced: ignored
+    EXPECT_EQ(source.GetDepth(), 0);
+    source.RemoveListener(&listener);
+    source.Changed();
+    EXPECT_EQ(listener.calls, 3);
+}
 
 TEST(SpecialFolder, SupportPathsAcceptBackslashes) {
     const QByteArray saved = qgetenv("VELD_SUPPORT_DIR");

@@ -21,11 +21,13 @@ struct Drawing {
         l->SubReference();
         return l;
     }
-    veld::CEnt* line(veld::CDrawing* set) {
-        auto* e = new veld::CEntLine({0, 0, 0}, {1, 1, 0}, zero, byLayer, 256, set);
+    veld::CEnt* add(veld::CEnt* e) {
         data.GetEntTable().Add(e);
         e->SubReference();
         return e;
+    }
+    veld::CEnt* line(veld::CDrawing* set) {
+        return add(new veld::CEntLine({0, 0, 0}, {1, 1, 0}, zero, byLayer, 256, set));
     }
     std::wstring order() const {
         std::wstring s;
@@ -41,43 +43,35 @@ TEST(Entity, MementoRestoresEveryPropertyAndHasChangedSeesEachOne) {
     veld::CLayer* walls = d.layer(L"WALLS");
     veld::CDrawing* cad = d.sets->GetActiveDrawing(0);
     veld::CDrawing* other = d.sets->AddDrawing(0, L"Other", true, false, false, true);
-    veld::CStyle* standard = d.data.GetStyleTable().GetStyleStandard();
-    auto* text =
-        new veld::CEntText(veld::TEXT_3D(L"A", standard, 2, 0, 1, 0, PNT_3D{1, 2, 3}, 0, 0), d.zero,
-                           d.byLayer, 256, cad);
-    d.data.GetEntTable().Add(text);
-    text->SubReference();
-
-    const std::vector<std::pair<const char*, std::function<void(veld::CEntText&)>>> changes = {
-        {"colour", [](veld::CEntText& e) { e.SetColor(1); }},
-        {"layer", [&](veld::CEntText& e) { e.SetLayer(walls); }},
-        {"line type",
-         [&](veld::CEntText& e) { e.SetLtype(d.data.GetLtypeTable().GetLtypeByBlock()); }},
-        {"entity set", [&](veld::CEntText& e) { e.ChangeDrawing(other); }},
-        {"user type", [](veld::CEntText& e) { e.SetUserType(veld::CVeldUserType::Survey()); }},
-        {"position", [](veld::CEntText& e) { e.Move(1, 0, 0); }},
-        {"text",
-         [&](veld::CEntText& e) {
-             e.SetText(veld::TEXT_3D(L"B", standard, 2, 0, 1, 0, PNT_3D{1, 2, 3}, 0, 0));
-         }},
-        {"alignment",
-         [&](veld::CEntText& e) {
-             e.SetText(veld::TEXT_3D(L"A", standard, 2, 0, 1, 0, PNT_3D{1, 2, 3}, 4, 0));
-         }},
+    const auto text = [&](const wchar_t* s, unsigned short alignment) {
+        return veld::TEXT_3D(s, d.data.GetStyleTable().GetStyleStandard(), 2, 0, 1, 0,
+                             PNT_3D{1, 2, 3}, alignment, 0);
+    };
+    auto* e = static_cast<veld::CEntText*>(
+        d.add(new veld::CEntText(text(L"A", 0), d.zero, d.byLayer, 256, cad)));
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"colour", [&] { e->SetColor(1); }},
+        {"layer", [&] { e->SetLayer(walls); }},
+        {"line type", [&] { e->SetLtype(d.data.GetLtypeTable().GetLtypeByBlock()); }},
+        {"entity set", [&] { e->ChangeDrawing(other); }},
+        {"user type", [&] { e->SetUserType(veld::CVeldUserType::Survey()); }},
+        {"position", [&] { e->Move(1, 0, 0); }},
+        {"text", [&] { e->SetText(text(L"B", 0)); }},
+        {"alignment", [&] { e->SetText(text(L"A", 4)); }},
     };
     for (const auto& [what, change] : changes) {
-        ulo::IMemento* before = text->CreateMemento();
-        EXPECT_FALSE(text->HasChanged(before)) << what;
-        change(*text);
-        EXPECT_TRUE(text->HasChanged(before)) << what;
-        text->SetMemento(before);
-        EXPECT_FALSE(text->HasChanged(before)) << what;
+        ulo::IMemento* before = e->CreateMemento();
+        EXPECT_FALSE(e->HasChanged(before)) << what;
+        change();
+        EXPECT_TRUE(e->HasChanged(before)) << what;
+        e->SetMemento(before);
+        EXPECT_FALSE(e->HasChanged(before)) << what;
         before->SubReference();
     }
-    EXPECT_EQ(text->GetDrawing(), cad);
-    EXPECT_EQ(text->GetLayer(), d.zero);
-    EXPECT_EQ(text->GetString(), L"A");
-    EXPECT_EQ(text->GetPoints().front(), (PNT_3D{1, 2, 3}));
+    EXPECT_EQ(e->GetDrawing(), cad);
+    EXPECT_EQ(e->GetLayer(), d.zero);
+    EXPECT_EQ(e->GetString(), L"A");
+    EXPECT_EQ(e->GetPoints().front(), (PNT_3D{1, 2, 3}));
 }
 
 TEST(Entity, ReferencesMakeItemsUsedAndKeepThemAlive) {
@@ -155,22 +149,12 @@ TEST(EntitySets, OrderActiveSetsAndLookups) {
     EXPECT_FALSE(d.sets->AddDrawing(cad2));
     cad2->SubReference();
     EXPECT_EQ(d.order(), L"First,CAD1,Topog1,CAD2");
-}
 
-TEST(EntitySets, NewSuitableNameSkipsTakenNamesIgnoringCase) {
-    Drawing d;
-    const struct {
-        unsigned type;
-        std::vector<ulo::WString> names;
-        const wchar_t* expected;
-    } cases[] = {
-        {0, {}, L"CAD1"},
-        {0, {L"cad1", L"CAD3"}, L"CAD2"},
-        {1, {L"Topog1", L"Topog2"}, L"Topog3"},
-        {2, {}, L"Points1"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(d.sets->GetNewSuitableName(c.type, c.names), c.expected) << c.type;
+    // A new name skips the names taken, ignoring case; each type has its own stem.
+    EXPECT_EQ(d.sets->GetNewSuitableName(0, {}), L"CAD1");
+    EXPECT_EQ(d.sets->GetNewSuitableName(0, {L"cad1", L"CAD3"}), L"CAD2");
+    EXPECT_EQ(d.sets->GetNewSuitableName(1, {L"Topog1", L"Topog2"}), L"Topog3");
+    EXPECT_EQ(d.sets->GetNewSuitableName(2, {}), L"Points1");
 }
 
 TEST(EntitySets, IteratorSkipsSetsThatAreOffOrGone) {

@@ -2,9 +2,9 @@
 // collections, colours and legacy hatch types.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <clocale>
 #include <functional>
-#include <memory>
 #include <set>
 #include <string>
 
@@ -23,82 +23,73 @@ CLtypeComplexDashSeq dashes(std::initializer_list<double> values) {
     return s;
 }
 
-/// One property change of an item, for the memento table below.
-struct Change {
-    const char* what;
-    std::function<ITableItem*(CData&)> make;
-    std::function<void(ITableItem*, CData&)> change;
-};
-
-ITableItem* someLayer(CData& d) {
-    return d.GetObjectFactory()->CreateLayer(L"ROADS", d.GetLtypeTable().GetLtypeContinuous(), 3,
+/// A new layer named @p name, holding the caller's reference.
+CLayer* newLayer(CData& d, const wchar_t* name = L"ROADS") {
+    return d.GetObjectFactory()->CreateLayer(name, d.GetLtypeTable().GetLtypeContinuous(), 3,
                                              kLineWidthDefault, 0, 0);
 }
-ITableItem* someLtype(CData& d) {
-    (void)d;
-    return new CLtype(L"DASHED", L"Dashed __ __", dashes({0.5, -0.25}), 0);
+/// A new layer named @p name in @p d's table, which holds the only reference.
+CLayer* addLayer(CData& d, const wchar_t* name) {
+    CLayer* l = newLayer(d, name);
+    d.GetLayerTable().Add(l);
+    l->SubReference();
+    return l;
 }
-ITableItem* someStyle(CData& d) {
-    (void)d;
-    return new CStyle(L"TITLE", CFontTable::GetInstance()[0], 2.5, 1.0, 0.0, 2.5, 0);
+
+/// The memento taken before @p change (and a rename) puts the item back, and
+/// the one taken after it redoes it. Releases @p item.
+template <class Item>
+void expectMementoRestores(const char* what, Item* item, const std::function<void(Item&)>& change) {
+    ulo::IMemento* before = item->CreateMemento();
+    EXPECT_FALSE(item->HasChanged(before)) << what;
+    change(*item);
+    item->SetName(item->GetName() + ulo::WString(L"X"));
+    EXPECT_TRUE(item->HasChanged(before)) << what;
+    ulo::IMemento* after = item->CreateMemento();
+    item->SetMemento(before);
+    EXPECT_FALSE(item->HasChanged(before)) << what;
+    EXPECT_TRUE(item->HasChanged(after)) << what;
+    item->SetMemento(after);
+    EXPECT_FALSE(item->HasChanged(after)) << what;
+    before->SubReference();
+    after->SubReference();
+    item->SubReference();
 }
 }  // namespace
 
 TEST(ItemMemento, RestoresEachPropertyAndTheName) {
-    const Change changes[] = {
-        {"layer colour", someLayer,
-         [](ITableItem* i, CData&) { static_cast<CLayer*>(i)->SetColor(5); }},
-        {"layer frozen", someLayer,
-         [](ITableItem* i, CData&) { static_cast<CLayer*>(i)->SetFrozen(true); }},
-        {"layer line type", someLayer,
-         [](ITableItem* i, CData& d) {
-             static_cast<CLayer*>(i)->SetLtype(d.GetLtypeTable().GetLtypeByBlock());
-         }},
-        {"layer width", someLayer,
-         [](ITableItem* i, CData&) { static_cast<CLayer*>(i)->SetLineWidth(kLineWidthByBlock); }},
-        {"ltype description", someLtype,
-         [](ITableItem* i, CData&) { static_cast<CLtype*>(i)->SetDesc(L"x"); }},
-        {"ltype pattern", someLtype,
-         [](ITableItem* i, CData&) {
-             static_cast<CLtype*>(i)->Copy(CLtype(L"o", L"", dashes({1}), 0));
-         }},
-        {"style font", someStyle,
-         [](ITableItem* i, CData&) {
-             static_cast<CStyle*>(i)->SetFont(CFontTable::GetInstance()[4]);
-         }},
-        {"style oblique", someStyle,
-         [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetOblique(0.2); }},
-        {"style bold", someStyle,
-         [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetBold(true); }},
-        {"style vertical", someStyle,
-         [](ITableItem* i, CData&) { static_cast<CStyle*>(i)->SetHoriz(false); }},
+    CData d;
+    using Layer = std::function<void(CLayer&)>;
+    using Ltype = std::function<void(CLtype&)>;
+    using Style = std::function<void(CStyle&)>;
+    const auto ltype = [] {
+        return new CLtype(L"DASHED", L"Dashed __ __", dashes({0.5, -0.25}), 0);
     };
-    for (const Change& c : changes) {
-        CData data;
-        ITableItem* item = c.make(data);
-        ulo::IMemento* before = item->CreateMemento();
-        EXPECT_FALSE(item->HasChanged(before)) << c.what;
-        c.change(item, data);
-        item->SetName(item->GetName() + ulo::WString(L"X"));
-        EXPECT_TRUE(item->HasChanged(before)) << c.what;
-        ulo::IMemento* after = item->CreateMemento();
-        item->SetMemento(before);
-        EXPECT_FALSE(item->HasChanged(before)) << c.what;
-        EXPECT_TRUE(item->HasChanged(after)) << c.what;
-        item->SetMemento(after);
-        EXPECT_FALSE(item->HasChanged(after)) << c.what;
-        before->SubReference();
-        after->SubReference();
-        item->SubReference();
-    }
+    const auto style = [] {
+        return new CStyle(L"TITLE", CFontTable::GetInstance()[0], 2.5, 1.0, 0.0, 2.5, 0);
+    };
+    expectMementoRestores("layer colour", newLayer(d), Layer([](CLayer& l) { l.SetColor(5); }));
+    expectMementoRestores("layer frozen", newLayer(d), Layer([](CLayer& l) { l.SetFrozen(true); }));
+    expectMementoRestores("layer line type", newLayer(d), Layer([&](CLayer& l) {
+                              l.SetLtype(d.GetLtypeTable().GetLtypeByBlock());
+                          }));
+    expectMementoRestores("layer width", newLayer(d),
+                          Layer([](CLayer& l) { l.SetLineWidth(kLineWidthByBlock); }));
+    expectMementoRestores("ltype description", ltype(), Ltype([](CLtype& t) { t.SetDesc(L"x"); }));
+    expectMementoRestores("ltype pattern", ltype(),
+                          Ltype([](CLtype& t) { t.Copy(CLtype(L"o", L"", dashes({1}), 0)); }));
+    expectMementoRestores("style font", style(),
+                          Style([](CStyle& s) { s.SetFont(CFontTable::GetInstance()[4]); }));
+    expectMementoRestores("style oblique", style(), Style([](CStyle& s) { s.SetOblique(0.2); }));
+    expectMementoRestores("style bold", style(), Style([](CStyle& s) { s.SetBold(true); }));
+    expectMementoRestores("style vertical", style(), Style([](CStyle& s) { s.SetHoriz(false); }));
 }
 
 TEST(Tables, AddRemoveFindAndFreshNames) {
     CData data;
     CLayerTable& layers = data.GetLayerTable();
     EXPECT_EQ(layers.GetProgName(L"Layer"), L"Layer1");
-    CLayer* a = static_cast<CLayer*>(someLayer(data));
-    a->SetName(L"layer1");
+    CLayer* a = newLayer(data, L"layer1");
     EXPECT_TRUE(layers.Add(a));
     EXPECT_FALSE(layers.Add(a));  // already there
     EXPECT_EQ(a->GetReferenceCount(), 2u);
@@ -140,11 +131,8 @@ TEST(Tables, NamesMatchIgnoringCaseAlikeInEveryLocale) {
                                       ulo::WString(r.b).ToQString().toStdString();
             EXPECT_EQ(ulo::WString(r.a).CompareIgnoreCase(r.b) == 0, r.same) << where;
             CData data;
-            ITableItem* layer = someLayer(data);
-            layer->SetName(r.a);
-            data.GetLayerTable().Add(layer);
+            CLayer* layer = addLayer(data, r.a);
             EXPECT_EQ(data.GetLayerTable().Find(r.b) == layer, r.same) << where;
-            layer->SubReference();
         }
     }
     std::setlocale(LC_ALL, before.c_str());
@@ -153,14 +141,7 @@ TEST(Tables, NamesMatchIgnoringCaseAlikeInEveryLocale) {
 TEST(Tables, FindFollowsRenamesUndoAndNamesTakenTwice) {
     CData data;
     CLayerTable& layers = data.GetLayerTable();
-    const auto layer = [&](const wchar_t* name) {
-        CLayer* l = static_cast<CLayer*>(someLayer(data));
-        l->SetName(name);
-        layers.Add(l);
-        l->SubReference();
-        return l;
-    };
-    CLayer* a = layer(L"Roads");
+    CLayer* a = addLayer(data, L"Roads");
     const auto before = ulo::RefPtr<ulo::IMemento>::Adopt(a->CreateMemento());
     a->SetName(L"Streets");
     EXPECT_EQ(layers.Find(L"ROADS"), nullptr);
@@ -171,8 +152,8 @@ TEST(Tables, FindFollowsRenamesUndoAndNamesTakenTwice) {
 
     // Two items of one name: the first in table order is found, and the
     // other once the first goes or is renamed.
-    CLayer* b = layer(L"twice");
-    CLayer* c = layer(L"TWICE");
+    CLayer* b = addLayer(data, L"twice");
+    CLayer* c = addLayer(data, L"TWICE");
     EXPECT_EQ(layers.Find(L"Twice"), b);
     b->SetName(L"once");
     EXPECT_EQ(layers.Find(L"Twice"), c);
@@ -186,9 +167,64 @@ TEST(Tables, FindFollowsRenamesUndoAndNamesTakenTwice) {
     b->SubReference();
 
     // A name longer than the stack buffer of the lookup.
-    const std::wstring longName(300, L'x');
-    CLayer* d = layer(longName.c_str());
+    CLayer* d = addLayer(data, std::wstring(300, L'x').c_str());
     EXPECT_EQ(layers.Find(std::wstring(300, L'X')), d);
+}
+
+// Items removed and added again return to their place; the first of two
+// namesakes ("twice", "TWICE") in table order is found whatever order they
+// come back in. (A table once emptied takes a new order:
+// DrawingFileTest.LoadingTheSameFileTwiceGivesTheSameObjectsInTableOrder.)
+TEST(Tables, ItemsPutBackReturnToTheirPlace) {
+    const std::vector<std::wstring> start = {L"0", L"A", L"twice", L"C", L"TWICE", L"E"};
+    struct Row {
+        const char* what;
+        std::vector<std::wstring> removed, putBack;
+        bool newItemBetween;  // a new layer joins while the others are out
+    } const rows[] = {
+        {"one from the middle", {L"twice"}, {L"twice"}, false},
+        {"several, back in reverse", {L"A", L"twice", L"C"}, {L"C", L"twice", L"A"}, false},
+        {"first and last", {L"0", L"E"}, {L"E", L"0"}, false},
+        {"namesakes, later one first", {L"twice", L"TWICE"}, {L"TWICE", L"twice"}, false},
+        {"namesakes, first one first", {L"TWICE", L"twice"}, {L"twice", L"TWICE"}, false},
+        {"with a new item meanwhile", {L"A", L"E"}, {L"E", L"A"}, true},
+    };
+    for (const Row& row : rows) {
+        CData data;
+        CLayerTable& layers = data.GetLayerTable();
+        std::vector<ulo::RefPtr<CLayer>> byName;  // in start order
+        for (const auto& name : start)
+            byName.push_back(ulo::RefPtr<CLayer>::Share(
+                name == L"0" ? layers.Find(L"0") : addLayer(data, name.c_str())));
+        const auto item = [&](const std::wstring& name) {
+            return byName[std::find(start.begin(), start.end(), name) - start.begin()].get();
+        };
+        for (const auto& name : row.removed)
+            ASSERT_TRUE(layers.Remove(item(name))) << row.what;
+        std::vector<std::wstring> expected = start;
+        if (row.newItemBetween) {
+            addLayer(data, L"NEW");
+            expected.push_back(L"NEW");
+        }
+        for (const auto& name : row.putBack)
+            ASSERT_TRUE(layers.Add(item(name))) << row.what;
+
+        std::vector<std::wstring> order;
+        for (unsigned i = 0; i < layers.GetNoItems(); ++i)
+            order.push_back(layers.GetNo(i)->GetName().str());
+        EXPECT_EQ(order, expected) << row.what;
+        for (const auto& name : start)
+            EXPECT_EQ(layers.Find(name), item(name == L"TWICE" ? L"twice" : name)) << row.what;
+    }
+
+    // An item another table held joins the end.
+    CData one, other;
+    const auto moved = ulo::RefPtr<CLayer>::Adopt(newLayer(one));
+    one.GetLayerTable().Add(moved.get());
+    one.GetLayerTable().Remove(moved.get());
+    addLayer(other, L"LATER");
+    other.GetLayerTable().Add(moved.get());
+    EXPECT_EQ(other.GetLayerTable().GetNo(other.GetLayerTable().GetNoItems() - 1), moved.get());
 }
 
 TEST(Tables, NameRule) {
@@ -210,7 +246,6 @@ TEST(Tables, PredicatesOfSpecialItems) {
     xref->SubReference();
     EXPECT_TRUE(xref->IsXRef());
     EXPECT_FALSE(xref->CanBeCurrent());
-    EXPECT_TRUE(lt.GetLtypeByBlock()->IsByBlock());
     EXPECT_FALSE(lt.GetLtypeContinuous()->CanBeRenamed());
     // Continuous is used by layer 0; a line type no layer uses is not.
     EXPECT_TRUE(lt.GetLtypeContinuous()->IsItemUsed());
@@ -219,18 +254,13 @@ TEST(Tables, PredicatesOfSpecialItems) {
     EXPECT_TRUE(zero->IsLayer0());
     EXPECT_FALSE(zero->CanBeRenamed());
     zero->SetFrozen(true);
-    EXPECT_EQ(zero->GetFlags() & 0x01, 0x01u);
+    EXPECT_EQ(zero->GetFlags(), 0x01u);
     EXPECT_FALSE(zero->CanBeCurrent());
     zero->SetOff(true);
     zero->SetLocked(true);
     EXPECT_EQ(zero->GetFlags(), 0x85u);
-}
 
-TEST(Iterators, SelectXRefAndLogicalItems) {
-    CData data;
-    CLtype* xref = new CLtype(L"SITE|FENCE", L"", dashes({1, -1}), 0);
-    data.GetLtypeTable().Add(xref);
-    xref->SubReference();
+    // The iterators choose external references and the logical ByBlock and ByLayer.
     const auto count = [&](bool withXRef, bool withLogical) {
         CData::CLtypeIterator it(&data, withXRef, withLogical);
         int n = 0;
@@ -245,8 +275,7 @@ TEST(Iterators, SelectXRefAndLogicalItems) {
 }
 
 TEST(Collections, HoldOneReferenceEachAndCopiesTheirOwn) {
-    CData data;
-    ITableItem* a = someLtype(data);
+    ITableItem* a = new CLtype(L"DASHED", L"", dashes({0.5, -0.25}), 0);
     {
         CHandleObjectVectorCollection c;
         c.Add(a);
@@ -274,6 +303,7 @@ TEST(LineTypes, PatternLengthCountsNumberElementsOnly) {
     EXPECT_EQ(t.GetDash(4), nullptr);
 }
 
+// The basic colours: DrawingRendererTest.ColoursResolveThroughLayerSetAndBackground.
 TEST(Colours, NamesAndPalette) {
     const CColors& names = CColors::GetInstance();
     EXPECT_EQ(names[0], L"ByBlock");
@@ -281,8 +311,6 @@ TEST(Colours, NamesAndPalette) {
     EXPECT_EQ(names[256], L"ByLayer");
     EXPECT_EQ(names[42], L"42");
     EXPECT_EQ(names[300], L"");
-    EXPECT_EQ(IndexToRGB(1), 0x0000FFu);
-    EXPECT_EQ(IndexToRGB(5), 0xFF0000u);
     EXPECT_EQ(IndexToRGB(10), 0x0000FFu);  // hue 0, full colour
     EXPECT_EQ(IndexToRGB(250), 0x333333u);
     std::set<std::uint32_t> distinct;
@@ -303,89 +331,4 @@ TEST(HatchTypes, SixtyNineLegacyTypes) {
     EXPECT_EQ(seen.size(), 69u);
     EXPECT_EQ(p->GetLegacyHatchType(-2), nullptr);
     EXPECT_EQ(p->GetLegacyHatchType(68), nullptr);
-}
-
-TEST(Tables, ItemsPutBackReturnToTheirPlace) {
-    // "twice" and "TWICE" share a name: the first of them in table order is
-    // found whatever order they come back in.
-    const std::vector<std::wstring> start = {L"0", L"A", L"twice", L"C", L"TWICE", L"E"};
-    struct Row {
-        const char* what;
-        std::vector<std::wstring> removed, putBack;
-        bool newItemBetween;  // a new layer joins while the others are out
-    } const rows[] = {
-        {"one from the middle", {L"twice"}, {L"twice"}, false},
-        {"several, back in reverse", {L"A", L"twice", L"C"}, {L"C", L"twice", L"A"}, false},
-        {"first and last", {L"0", L"E"}, {L"E", L"0"}, false},
-        {"namesakes, later one first", {L"twice", L"TWICE"}, {L"TWICE", L"twice"}, false},
-        {"namesakes, first one first", {L"TWICE", L"twice"}, {L"twice", L"TWICE"}, false},
-        {"with a new item meanwhile", {L"A", L"E"}, {L"E", L"A"}, true},
-    };
-    for (const Row& row : rows) {
-        CData data;
-        CLayerTable& layers = data.GetLayerTable();
-        std::vector<CLayer*> byName;  // start order, one reference each
-        byName.push_back(layers.Find(L"0"));
-        byName.back()->AddReference();
-        for (std::size_t i = 1; i < start.size(); ++i) {
-            auto* l = static_cast<CLayer*>(someLayer(data));
-            l->SetName(start[i]);
-            layers.Add(l);
-            byName.push_back(l);
-        }
-        const auto item = [&](const std::wstring& name) {
-            return byName[std::find(start.begin(), start.end(), name) - start.begin()];
-        };
-        for (const auto& name : row.removed)
-            ASSERT_TRUE(layers.Remove(item(name))) << row.what;
-        std::vector<std::wstring> expected = start;
-        if (row.newItemBetween) {
-            auto* fresh = static_cast<CLayer*>(someLayer(data));
-            fresh->SetName(L"NEW");
-            layers.Add(fresh);
-            fresh->SubReference();
-            expected.push_back(L"NEW");
-        }
-        for (const auto& name : row.putBack)
-            ASSERT_TRUE(layers.Add(item(name))) << row.what;
-
-        std::vector<std::wstring> order;
-        for (unsigned i = 0; i < layers.GetNoItems(); ++i)
-            order.push_back(layers.GetNo(i)->GetName().str());
-        EXPECT_EQ(order, expected) << row.what;
-        EXPECT_EQ(layers.Find(L"Twice"), item(L"twice")) << row.what;
-        for (const auto& name : start)
-            EXPECT_EQ(layers.Find(name), item(name == L"TWICE" ? L"twice" : name)) << row.what;
-        for (CLayer* l : byName)
-            l->SubReference();
-    }
-
-    // An item another table held joins the end.
-    CData one, other;
-    auto* moved = static_cast<CLayer*>(someLayer(one));
-    one.GetLayerTable().Add(moved);
-    one.GetLayerTable().Remove(moved);
-    auto* later = static_cast<CLayer*>(someLayer(other));
-    later->SetName(L"LATER");
-    other.GetLayerTable().Add(later);
-    other.GetLayerTable().Add(moved);
-    EXPECT_EQ(other.GetLayerTable().GetNo(other.GetLayerTable().GetNoItems() - 1), moved);
-    later->SubReference();
-    moved->SubReference();
-
-    // A table once emptied takes a new order, as a file read in lists it.
-    CData read;
-    CLtypeTable& ltypes = read.GetLtypeTable();
-    std::vector<CLtype*> taken;
-    while (ltypes.GetNoItems() > 0) {
-        taken.push_back(ltypes.GetNo(0));
-        taken.back()->AddReference();
-        ltypes.Remove(taken.back());
-    }
-    for (auto it = taken.rbegin(); it != taken.rend(); ++it) {
-        ltypes.Add(*it);
-        (*it)->SubReference();
-    }
-    for (unsigned i = 0; i < ltypes.GetNoItems(); ++i)
-        EXPECT_EQ(ltypes.GetNo(i), taken[taken.size() - 1 - i]) << i;
 }
