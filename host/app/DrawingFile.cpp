@@ -20,15 +20,12 @@
 #include <new>
 #include <set>
 
-#if defined(Q_OS_UNIX)
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
-#endif
 
 #include "JsonScan.h"
 #include "MouseCursorInfo.h"
 #include "VELD.h"
+#include "ulo/RegularFile.h"
 #include "veld/SealedFile.h"
 #include "veld/StoredRange.h"
 
@@ -932,43 +929,29 @@ bool Read(CVELD& cad, const QByteArray& json, QString& error) {
 namespace {
 
 /// Opens @p path for reading when it names a regular file (after links) of
-/// at most kMaxFileBytes; false with @p why set otherwise. The opened file is
-/// what is checked, so a name pointed elsewhere in between changes nothing,
-/// and a FIFO is not waited on.
+/// at most kMaxFileBytes; false with @p why set otherwise.
 bool openRegular(const QString& path, QFile& file, QString& why) {
-    const QFileInfo info(path);
-    if (info.isDir()) {
-        why = QStringLiteral("it is a folder");
-        return false;
+    ulo::OpenFailure failure = ulo::OpenFailure::None;
+    const int fd = ulo::OpenRegularFile(path, kMaxFileBytes, failure);
+    switch (failure) {
+        case ulo::OpenFailure::None:
+            break;
+        case ulo::OpenFailure::CannotOpen:
+            why = QString::fromLocal8Bit(std::strerror(errno));
+            return false;
+        case ulo::OpenFailure::IsFolder:
+            why = QStringLiteral("it is a folder");
+            return false;
+        case ulo::OpenFailure::NotRegularFile:
+            why = QStringLiteral("it is not a regular file");
+            return false;
+        case ulo::OpenFailure::TooLarge:
+            why = QStringLiteral("it is larger than %1 bytes").arg(kMaxFileBytes);
+            return false;
     }
-#if defined(Q_OS_UNIX)
-    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (fd < 0) {
-        why = QString::fromLocal8Bit(std::strerror(errno));
-        return false;
-    }
-    struct stat st {};
-    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
-        ::close(fd);
-        why = QStringLiteral("it is not a regular file");
-        return false;
-    }
-    ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
     if (!file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
         ::close(fd);
         why = file.errorString();
-        return false;
-    }
-#else
-    file.setFileName(path);
-    if (!info.isFile() || !file.open(QIODevice::ReadOnly)) {
-        why = info.exists() && !info.isFile() ? QStringLiteral("it is not a regular file")
-                                              : file.errorString();
-        return false;
-    }
-#endif
-    if (file.size() > kMaxFileBytes) {
-        why = QStringLiteral("it is larger than %1 bytes").arg(kMaxFileBytes);
         return false;
     }
     return true;

@@ -21,6 +21,7 @@
 
 #include "ulo/NumberText.h"
 #include "ulo/RefCounter.h"
+#include "ulo/RegularFile.h"
 #include "veld/IFile.h"
 #include "veld/ObjectFactory.h"
 #include "veld/Tables.h"
@@ -232,41 +233,28 @@ QByteArray localPath(const wchar_t* path) {
     return QFile::encodeName(QString::fromWCharArray(path));
 }
 
-/// Opens a library for reading. What is judged is the file opened, not the
-/// path, so that nothing swapped in between slips through; opening does not
-/// wait for a writer, should the path name a pipe.
+/// Opens a library for reading: a regular file within kMaxFileSize.
 FilePtr openLibrary(const wchar_t* path, CLtypeLoader::LoadFailure& failure) {
-    failure = CLtypeLoader::LoadFailure::CannotOpen;
+    using F = CLtypeLoader::LoadFailure;
+    failure = F::CannotOpen;
     if (!path)
         return nullptr;
-    const int fd =
-        ::open(localPath(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (fd < 0)
-        return nullptr;
-    struct stat st {};
-    if (::fstat(fd, &st) != 0) {
-        ::close(fd);
-        return nullptr;
-    }
-    if (!S_ISREG(st.st_mode)) {
-        ::close(fd);
-        failure = CLtypeLoader::LoadFailure::NotRegularFile;
+    ulo::OpenFailure why = ulo::OpenFailure::None;
+    const int fd = ulo::OpenRegularFile(QString::fromWCharArray(path),
+                                        static_cast<qint64>(CLtypeLoader::kMaxFileSize), why);
+    if (fd < 0) {
+        failure = why == ulo::OpenFailure::TooLarge     ? F::TooLarge
+                  : why == ulo::OpenFailure::CannotOpen ? F::CannotOpen
+                                                        : F::NotRegularFile;
         return nullptr;
     }
-    if (static_cast<unsigned long long>(st.st_size) > CLtypeLoader::kMaxFileSize) {
-        ::close(fd);
-        failure = CLtypeLoader::LoadFailure::TooLarge;
-        return nullptr;
-    }
-    const int flags = ::fcntl(fd, F_GETFL);
-    std::FILE* f =
-        flags < 0 || ::fcntl(fd, F_SETFL, flags & ~O_NONBLOCK) < 0 ? nullptr : ::fdopen(fd, "rb");
+    std::FILE* f = ::fdopen(fd, "rb");
     if (!f) {
         ::close(fd);
         return nullptr;
     }
     std::setvbuf(f, nullptr, _IONBF, 0);  // the loader reads whole blocks itself
-    failure = CLtypeLoader::LoadFailure::None;
+    failure = F::None;
     return FilePtr(f);
 }
 
