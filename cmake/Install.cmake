@@ -10,7 +10,9 @@ set(VELD_CMAKE_INSTALL_DIR lib/cmake/veld5DlgCE)
 
 install(TARGETS veld5DlgCE EXPORT veld5DlgCETargets
         LIBRARY DESTINATION lib
-        INCLUDES DESTINATION include/veld5DlgCE)
+        # <veld5DlgCE/factory/IVELDDlgFactory.h>, as Qt takes <QtWidgets/QDialog>,
+        # and the short <factory/IVELDDlgFactory.h> both resolve.
+        INCLUDES DESTINATION include include/veld5DlgCE)
 install(FILES src/factory/IVELDDlgFactory.h src/factory/Export.h
         DESTINATION include/veld5DlgCE/factory)
 install(FILES src/linetypes/LtypeLoader.h src/linetypes/LtypePickers.h

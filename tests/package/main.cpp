@@ -1,8 +1,8 @@
 // Creates a factory and a line type loader through the installed headers;
 // exit status 0 when both work.
-#include <factory/IVELDDlgFactory.h>
-#include <linetypes/LtypeLoader.h>
-#include <linetypes/LtypePickers.h>
+#include <veld5DlgCE/factory/IVELDDlgFactory.h>
+#include <veld5DlgCE/linetypes/LtypeLoader.h>
+#include <veld5DlgCE/linetypes/LtypePickers.h>
 
 #include <cstdio>
 #include <fstream>
