@@ -11,6 +11,7 @@
 //                                         counts opens 2 to N: furtherOpens)
 #include <benchmark/benchmark.h>
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
@@ -48,6 +49,8 @@ struct Shape {
         const char* kind;
         QRect geometry;
         QString text;
+        bool enabled = true;
+        bool checked = false;
     };
     std::vector<Control> controls;
 };
@@ -88,10 +91,20 @@ public:
             copyInto->size = d->size();
             copyInto->font = d->font();
             copyInto->title = d->windowTitle();
-            for (QWidget* w : d->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            // Every control, the pages' too, at its place in the dialog; a
+            // container's page (a child dialog) is a plain frame beneath them.
+            const QList<QWidget*> all = d->findChildren<QWidget*>();
+            for (QWidget* w : all)
+                if (qobject_cast<QDialog*>(w) && !w->isWindow() && w->isVisible())
+                    copyInto->controls.push_back({"QFrame", w->geometry(), QString()});
+            for (QWidget* w : all)
                 if (w->property(ulo::prop::kCtrlId).isValid())
                     copyInto->controls.push_back(
-                        {plainKind(w), w->geometry(), w->property("text").toString()});
+                        {plainKind(w),
+                         {w->parentWidget()->mapTo(d, w->pos()), w->size()},
+                         w->property("text").toString(),
+                         w->isEnabled(),
+                         w->property("checked").toBool()});
             copyInto = nullptr;
         }
         QMetaObject::invokeMethod(d, &QDialog::reject, Qt::QueuedConnection);
@@ -132,6 +145,14 @@ public:
             else
                 w = new QFrame(this);
             w->setGeometry(c.geometry);
+            // In the state the dialog shows it: a plain Qt dialog pays for
+            // disabling and checking its controls too.
+            if (!c.enabled)
+                w->setEnabled(false);
+            if (auto* button = qobject_cast<QAbstractButton*>(w); button && c.checked) {
+                button->setCheckable(true);
+                button->setChecked(true);
+            }
         }
     }
 };
