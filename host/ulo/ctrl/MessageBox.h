@@ -12,6 +12,9 @@ class QFileDialog;
 
 namespace ulo {
 
+/// The flags of a warning: an exclamation icon and an OK button (48).
+constexpr unsigned kWarningFlags = MB_OK | MB_ICONEXCLAMATION;
+
 /// Modal message box; returns the id of the button pressed (IDOK, IDCANCEL,
 /// IDYES, IDNO). Flags: MB_OK, MB_YESNO, MB_YESNOCANCEL with an icon bit.
 /// The box carries its caption, text and flags in the properties
