@@ -353,13 +353,7 @@ void redrawAllViews(CVELD& cad) {
 }
 
 bool not_numeric_input(const wchar_t* text) {
-    if (!text)
-        return true;
     // One decimal number and blanks around it, nothing else ("inf", "nan" and
     // hexadecimal are not numbers).
-    const std::wstring_view t(text);
-    const ulo::NumberScan scan = ulo::ScanNumber(t);
-    if (scan.length == 0)
-        return true;
-    return t.find_first_not_of(L" \t\r\n\v\f", scan.length) != std::wstring_view::npos;
+    return !text || !ulo::IsWholeNumber(text);
 }

@@ -118,6 +118,14 @@ NumberScan ScanNumber(std::wstring_view text) {
     return scan;
 }
 
+bool IsWholeNumber(std::wstring_view text) {
+    text = text.substr(0, text.find(L'\0'));
+    const std::size_t length = ScanNumber(text).length;
+    if (length == 0)
+        return false;
+    return std::all_of(text.begin() + static_cast<std::ptrdiff_t>(length), text.end(), isBlank);
+}
+
 WString CStringDaDouble(double value, int /*mode*/, int decimals) {
     if (!std::isfinite(value))
         value = 0.0;

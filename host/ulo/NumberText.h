@@ -24,6 +24,9 @@ struct NumberScan {
     bool outOfRange = false;  ///< larger than any double: value is an infinity
 };
 NumberScan ScanNumber(std::wstring_view text);
+/// True when @p text, up to its first NUL (as a C string ends), is one
+/// decimal number (what ScanNumber reads) with blanks around it at most.
+bool IsWholeNumber(std::wstring_view text);
 
 /// Text of @p value with exactly @p decimals digits after the point (0 to 17).
 /// @p mode is kept for the callers' signature; only 0 is used.

@@ -15,7 +15,7 @@
 #include "ulo/NumberText.h"
 #include "ulo/PalmDevice.h"
 #include "ulo/Xlate.h"
-#include "ulo/ctrl/MessageBox.h"
+#include "ulo/ctrl/FieldInput.h"
 #include "veld/Data.h"
 #include "veld/EntCollection.h"
 #include "veld/StoredRange.h"
@@ -34,7 +34,6 @@ constexpr double kMaxWidthFactor = 100.0;
 /// A hair below 85 degrees (1.4835298641951802): 85 itself is refused.
 constexpr double kMaxSlant = 1.4835298641949;
 constexpr double kPi = std::numbers::pi;
-constexpr unsigned kWarnFlags = ulo::MB_OK | ulo::MB_ICONEXCLAMATION;
 
 }  // namespace
 
@@ -98,26 +97,16 @@ bool CCECADDlgInsText::ReadNumber(unsigned id, double& value) const {
     std::wstring text = GetDlgItemText(id).toStdWString();
     if (text.size() > kMaxNumberText)
         text.resize(kMaxNumberText);
-    if (text.empty())
-        return false;
-    // The leading number in the "C" notation: the field turns a typed
-    // decimal comma into a point, and no locale may read "1.5" as 1.
-    const ulo::NumberScan scan = ulo::ScanNumber(text);
-    if (scan.outOfRange || !(scan.value > -kNumberLimit && scan.value < kNumberLimit))
-        return false;
     // A text without a number reads as 0 too: only a typed 0 is one.
-    if (scan.value == 0.0 && not_numeric_input(text.c_str()))
+    const ulo::FieldNumber read = ulo::ReadNumberField(text, ulo::FieldRule::LeadingZeroAlone);
+    if (!read.IsNumber() || !(read.value > -kNumberLimit && read.value < kNumberLimit))
         return false;
-    value = scan.value;
+    value = read.value;
     return true;
 }
 
-void CCECADDlgInsText::Refuse(unsigned id, const ulo::WString& text, unsigned captionId) {
-    ulo::MessageBox(this, text, LoadResString(captionId), kWarnFlags);
-    if (auto* edit = GetDlgItem<QLineEdit>(id)) {
-        edit->setFocus();
-        edit->selectAll();
-    }
+void CCECADDlgInsText::Refuse(unsigned id, const ulo::WString& text, StringId caption) {
+    ulo::RefuseField(this, GetDlgItem<QLineEdit>(id), LoadResString(caption), text);
 }
 
 void CCECADDlgInsText::OnOK() {

@@ -6,6 +6,7 @@
 // are shown and read in the CAD instance's angle system.
 #include <vector>
 
+#include "res/StringIds.h"
 #include "ulo/Geom.h"
 #include "ulo/RefCounter.h"
 #include "ulo/ctrl/Dialog.h"
@@ -49,7 +50,7 @@ private:
     /// The number typed in edit @p id; false when the text holds none.
     bool ReadNumber(unsigned id, double& value) const;
     /// Shows @p text and puts the user back into edit @p id, all selected.
-    void Refuse(unsigned id, const ulo::WString& text, unsigned captionId);
+    void Refuse(unsigned id, const ulo::WString& text, StringId caption);
     /// The style of the selected entry, or the current style when none is.
     veld::CStyle* ChosenStyle() const;
     /// Makes one text per filled line; false, making none, when a line would

@@ -98,8 +98,7 @@ bool CCECADDlgOSnap::OnCommand(unsigned id) {
 
 void CCECADDlgOSnap::OnOK() {
     if (on_ && mask_ == 0) {
-        ShowOwnMessageBox(this, ids::kOneSnapRequired, ids::kWarning,
-                          ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+        Warn(this, ids::kOneSnapRequired);
         return;
     }
     CExDialog::OnOK();

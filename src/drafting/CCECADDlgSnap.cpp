@@ -10,10 +10,9 @@
 #include "shell/DialogIds.h"
 #include "shell/ResString.h"
 #include "ulo/HelpTopic.h"
-#include "ulo/NumberText.h"
 #include "ulo/PalmDevice.h"
 #include "ulo/Xlate.h"
-#include "ulo/ctrl/MessageBox.h"
+#include "ulo/ctrl/FieldInput.h"
 
 namespace veld5 {
 
@@ -25,9 +24,8 @@ CCECADDlgSnap::CCECADDlgSnap(CWnd* parent)
 double CCECADDlgSnap::ReadField(const QString& text) {
     if (text.isEmpty())
         return kEmptyField;
-    // The leading decimal number, as every number field reads its text;
-    // adding +0.0 turns a typed "-0" into 0: no point carries a negative zero.
-    return ulo::ScanNumber(text.toStdWString()).value + 0.0;
+    // Adding +0.0 turns a typed "-0" into 0: no point carries a negative zero.
+    return ulo::ReadNumberField(text, ulo::FieldRule::Leading).value + 0.0;
 }
 
 BOOL CCECADDlgSnap::OnInitDialog() {
@@ -52,8 +50,7 @@ void CCECADDlgSnap::OnOK() {
     // An empty field, a value of 1e100 or more, +inf and NaN: a beep alone.
     for (const auto& [id, value] : fields) {
         if (!(value < kEmptyField)) {
-            ulo::MessageBeep(ulo::MB_ICONEXCLAMATION);
-            FocusField(id);
+            ulo::RefuseFieldWithBeep(GetDlgItem<QLineEdit>(id));
             return;
         }
     }
@@ -64,9 +61,7 @@ void CCECADDlgSnap::OnOK() {
             const ulo::WString text =
                 ulo::WString::FromQString(FieldLabel(id) + QLatin1Char(' ') +
                                           LoadResString(ids::kValueOutOfRange).ToQString());
-            ulo::MessageBox(this, text, LoadResString(ids::kWarning),
-                            ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
-            FocusField(id);
+            ulo::RefuseField(this, GetDlgItem<QLineEdit>(id), LoadResString(ids::kWarning), text);
             return;
         }
     }
@@ -84,13 +79,6 @@ QString CCECADDlgSnap::FieldLabel(unsigned id) const {
         }
     }
     return ulo::Xlate(ulo::WString(label)).ToQString();
-}
-
-void CCECADDlgSnap::FocusField(unsigned id) {
-    if (auto* edit = GetDlgItem<QLineEdit>(id)) {
-        edit->selectAll();
-        edit->setFocus();
-    }
 }
 
 bool RunDlgSnapInsertPnt(CWnd* parent, ulo::geom::PNT_3D& point) {

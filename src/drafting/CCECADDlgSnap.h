@@ -34,7 +34,6 @@ private:
 
     /// The label the template puts before the edit @p id ("East :").
     QString FieldLabel(unsigned id) const;
-    void FocusField(unsigned id);
 
     double east_ = kEmptyField;
     double north_ = kEmptyField;

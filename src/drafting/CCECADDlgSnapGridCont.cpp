@@ -17,7 +17,7 @@
 #include "shell/ResString.h"
 #include "ulo/NumberText.h"
 #include "ulo/PalmDevice.h"
-#include "ulo/ctrl/MessageBox.h"
+#include "ulo/ctrl/FieldInput.h"
 
 namespace veld5 {
 
@@ -79,28 +79,25 @@ bool CGridSnapPage::ReadNumber(const NumberField& field, Range range, unsigned e
         return true;  // not shown to be changed, not used: the grid keeps its value
     QString message;
     if (edited) {
-        const std::wstring typed = text.toStdWString();
-        const ulo::NumberScan scan = ulo::ScanNumber(typed);
-        if (not_numeric_input(typed.c_str()))
+        const ulo::FieldNumber read = ulo::ReadNumberField(text, ulo::FieldRule::Whole);
+        if (read.kind == ulo::FieldNumber::Kind::NotANumber)
             message = NotANumberText();
-        else if (scan.outOfRange)
+        else if (read.kind == ulo::FieldNumber::Kind::OutOfRange)
             message = range == Range::Interval ? IntervalRangeText()
                                                : LoadResString(ids::kValueOutOfRange).ToQString();
         else
-            value = scan.value;
+            value = read.value;
     }
     if (message.isEmpty() && range == Range::Interval &&
         !(value >= kMinInterval && value <= kMaxInterval))
         message = IntervalRangeText();
     if (message.isEmpty())
         return true;
-    ulo::CreateMessageBox(this, LoadResString(ids::kWarning), ulo::WString::FromQString(message),
-                          ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
-    if (inUse) {
-        edit->setFocus();
-        edit->selectAll();
-    } else if (QWidget* check = GetDlgItem(enabler)) {
-        check->setFocus();  // the field is off: what switches it on
+    ulo::RefuseField(this, inUse ? edit : nullptr, LoadResString(ids::kWarning),
+                     ulo::WString::FromQString(message));
+    if (!inUse) {
+        if (QWidget* check = GetDlgItem(enabler))
+            check->setFocus();  // the field is off: what switches it on
     }
     return false;
 }

@@ -56,8 +56,7 @@ BOOL CCECADDlgSelType::OnInitDialog() {
 void CCECADDlgSelType::OnOK() {
     if (veld::CLtype* selected = list_->GetSelectedLtype()) {
         if (selected->IsXRef())
-            ShowMessageBox(this, ids::kWarning, ids::kLtypeXRefNotCurrent,
-                           ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+            Warn(this, ids::kLtypeXRefNotCurrent);
         else
             chosen_ = selected;
     }

@@ -176,14 +176,14 @@ void CLtypeLoadDialog::OnOK() {
 
 void CLtypeLoadDialog::NotifyLoadError(const ulo::WString& fileName, unsigned lineNo,
                                        const ulo::WString& ltypeName, int errorCode) {
-    const unsigned reason = errorCode >= 1 && errorCode <= 7
-                                ? ids::kLtypeReasonFirst - 1 + static_cast<unsigned>(errorCode)
+    const StringId reason = errorCode >= 1 && errorCode <= 7
+                                ? ids::kLtypeReasonFirst + static_cast<unsigned>(errorCode - 1)
                                 : ids::kLtypeReasonFirst;
     const ulo::WString text = ulo::FormatMessage(
         ulo::WString(L"Definition of {1} is not correct on line {2} in file "
                      L"{3}: {4}"),
         ltypeName, ulo::WString(std::to_wstring(lineNo)), fileName, LoadResString(reason));
-    ulo::MessageBox(this, text, LoadResString(ids::kError), ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+    Warn(this, ids::kError, text);
 }
 
 veld::CStyle* CLtypeLoadDialog::GetUndefinedStyle(const ulo::WString&) {

@@ -1,12 +1,13 @@
 #include "CCECADDlgGetDoubleBase.h"
 
 #include <cmath>
+#include <optional>
 
 #include "DialogIds.h"
 #include "ResString.h"
 #include "res/StringIds.h"
 #include "ulo/HelpTopic.h"
-#include "ulo/NumberText.h"
+#include "ulo/ctrl/FieldInput.h"
 
 namespace veld5 {
 
@@ -36,8 +37,8 @@ BOOL CCECADDlgGetDoubleBase::OnInitDialog() {
 }
 
 void CCECADDlgGetDoubleBase::OnOK() {
-    value_ = ulo::DoubleDaCString(ulo::WString::FromQString(GetDlgItemText(kIdValue)));
-    unsigned message = 0;
+    value_ = ulo::ReadNumberField(GetDlgItemText(kIdValue), ulo::FieldRule::Leading).value;
+    std::optional<StringId> message;
     if (value_ < 0 && !allowNegative_)
         message = ids::kValueNotNegative;
     else if (value_ == 0 && !allowZero_)
@@ -47,7 +48,7 @@ void CCECADDlgGetDoubleBase::OnOK() {
     else if (!std::isfinite(value_))
         message = ids::kValueOutOfRange;  // a number too large for a double never leaves
     if (message) {
-        ShowMessageBox(this, ids::kWarning, message, ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+        Warn(this, *message);  // the box alone: the focus stays where the user left it
         return;
     }
     ReadControls();

@@ -4,6 +4,7 @@
 #include "ResString.h"
 #include "factory/Scopes.h"
 #include "res/StringIds.h"
+#include "ulo/ctrl/MessageBox.h"
 
 namespace veld5 {
 
@@ -18,8 +19,9 @@ bool CCECADDlgPasswordDwg::RequestPassword(ulo::WString& password, const ulo::WS
 }
 
 bool CCECADDlgPasswordDwg::AskRetry(const ulo::WString&) {
-    return ShowOwnMessageBox(parent_, ids::kWrongPasswordRetry, ids::kError,
-                             ulo::MB_YESNO | ulo::MB_ICONQUESTION) == ulo::IDYES;
+    return ulo::CreateMessageBox(parent_, LoadResString(ids::kError),
+                                 LoadResString(ids::kWrongPasswordRetry),
+                                 ulo::MB_YESNO | ulo::MB_ICONQUESTION) == ulo::IDYES;
 }
 
 }  // namespace veld5

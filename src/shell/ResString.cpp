@@ -6,26 +6,26 @@
 
 namespace veld5 {
 
-void LoadResString(ulo::WString& out, unsigned id) {
+void LoadResString(ulo::WString& out, StringId id) {
     const ulo::CStringLoader& loader = ModuleStringLoader();
-    const unsigned length = loader.GetStringLength(id);
+    const unsigned length = loader.GetStringLength(Value(id));
     wchar_t* buffer = out.GetBufferSetLength(length);
-    loader.LoadStr(id, buffer, length + 1);
+    loader.LoadStr(Value(id), buffer, length + 1);
     out = ulo::Xlate(ulo::WString(buffer, length));
 }
 
-ulo::WString LoadResString(unsigned id) {
+ulo::WString LoadResString(StringId id) {
     ulo::WString s;
     LoadResString(s, id);
     return s;
 }
 
-int ShowMessageBox(CWnd* owner, unsigned captionId, unsigned textId, unsigned flags) {
-    return ulo::CreateMessageBox(owner, LoadResString(captionId), LoadResString(textId), flags);
+void Warn(CWnd* owner, StringId text) {
+    Warn(owner, ids::kWarning, LoadResString(text));
 }
 
-int ShowOwnMessageBox(CWnd* owner, unsigned textId, unsigned captionId, unsigned flags) {
-    return ulo::MessageBox(owner, LoadResString(textId), LoadResString(captionId), flags);
+void Warn(CWnd* owner, StringId caption, const ulo::WString& text) {
+    ulo::CreateMessageBox(owner, LoadResString(caption), text, ulo::kWarningFlags);
 }
 
 }  // namespace veld5

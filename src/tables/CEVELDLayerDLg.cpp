@@ -1,5 +1,6 @@
 #include "CEVELDLayerDLg.h"
 
+#include <optional>
 #include <vector>
 
 #include "CListEdit.h"
@@ -11,7 +12,6 @@
 #include "shell/ResString.h"
 #include "ulo/HelpTopic.h"
 #include "ulo/PalmDevice.h"
-#include "ulo/ctrl/MessageBox.h"
 #include "veld/Data.h"
 
 namespace veld5 {
@@ -108,8 +108,7 @@ void CEVELDLayerDLg::OnNew() {
 
 void CEVELDLayerDLg::OnDelete() {
     if (controller_->GetNoSelLayers() == 0) {
-        ShowOwnMessageBox(this, ids::kSelectLayerToErase, ids::kWarning,
-                          ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+        Warn(this, ids::kSelectLayerToErase);
         return;
     }
     controller_->DeleteSelLayers();
@@ -122,7 +121,7 @@ void CEVELDLayerDLg::OnCurrent() {
     if (!layer)
         return;
     if ((layer->GetFlags() & veld::CLayer::kFlagFrozen) || layer->IsXRef()) {
-        Warn(ids::kLayerNotCurrent);
+        Warn(this, ids::kLayerNotCurrent);
         return;
     }
     if (controller_->MakeSelLayerCurrent()) {
@@ -153,14 +152,13 @@ void CEVELDLayerDLg::OnCellTapped(int row, int column) {
         case CVELDLayerList::kColOn: {
             const bool off = !layer->IsOff();
             if (off && layer == list_->GetCurLayerMark())
-                ShowMessageBox(parentWidget() ? parentWidget() : this, ids::kWarning,
-                               ids::kCurLayerOff, ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+                Warn(parentWidget() ? parentWidget() : this, ids::kCurLayerOff);
             layer->SetOff(off);
             break;
         }
         case CVELDLayerList::kColFreeze:
             if (layer == list_->GetCurLayerMark() && !layer->IsFrozen()) {
-                Warn(ids::kCurLayerNoFreeze);
+                Warn(this, ids::kCurLayerNoFreeze);
                 return;
             }
             layer->SetFrozen(!layer->IsFrozen());
@@ -202,7 +200,7 @@ void CEVELDLayerDLg::OnEndEditItem(QString text, int item) {
     if (!layer)
         return;
     const ulo::WString name(text.toStdWString());
-    unsigned refusal = 0;
+    std::optional<StringId> refusal;
     if (name.IsEmpty()) {
         refusal = ids::kLayerNameEmpty;
     } else {
@@ -215,7 +213,7 @@ void CEVELDLayerDLg::OnEndEditItem(QString text, int item) {
             refusal = ids::kLayerNameLetters;
     }
     if (refusal) {
-        Warn(refusal);
+        Warn(this, *refusal);
         return;
     }
     layer->SetName(name);
@@ -243,10 +241,6 @@ void CEVELDLayerDLg::PickLtype(veld::CLayer* layer) {
     layer->SetLtype(chosen);
     list_->LayerChanged(layer);
     RedrawViews();
-}
-
-void CEVELDLayerDLg::Warn(unsigned textId) {
-    ShowMessageBox(this, ids::kWarning, textId, ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
 }
 
 }  // namespace veld5

@@ -44,7 +44,6 @@ private:
     void PickColour(veld::CLayer* layer);
     void PickLtype(veld::CLayer* layer);
     /// A warning box of this dialog with a text of the string table.
-    void Warn(unsigned textId);
 
     CVELDLayerList* list_ = nullptr;  // a child of the dialog, made with it
     int sortColumn_ = 0;

@@ -11,7 +11,7 @@
 #include "shell/ResString.h"
 #include "ulo/HelpTopic.h"
 #include "ulo/NumberText.h"
-#include "ulo/ctrl/MessageBox.h"
+#include "ulo/ctrl/FieldInput.h"
 #include "veld/Data.h"
 
 namespace veld5 {
@@ -99,8 +99,7 @@ void CEVELDLtypeDLg::OnCurrent() {
     if (!ltype)
         return;
     if (ltype->IsXRef()) {
-        ShowMessageBox(this, ids::kWarning, ids::kLtypeXRefNotCurrent,
-                       ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+        Warn(this, ids::kLtypeXRefNotCurrent);
         return;
     }
     if (controller_->MakeSelLtypeCurrent()) {
@@ -133,8 +132,7 @@ void CEVELDLtypeDLg::OnLoad() {
 void CEVELDLtypeDLg::OnScaleEdited(const QString& text) {
     // The whole text: a large scale's six-decimal text runs to 316
     // characters, and a text cut short reads as another number.
-    const std::wstring read = text.toStdWString();
-    scale_ = ulo::wtof(read.c_str());
+    scale_ = ulo::ReadNumberField(text, ulo::FieldRule::Leading).value;
     controller_->SetNewLtypeScale(scale_);
 }
 

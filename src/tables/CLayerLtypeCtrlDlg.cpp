@@ -7,16 +7,10 @@
 #include "res/StringIds.h"
 #include "shell/ResString.h"
 #include "ulo/SourceEvent.h"
+#include "ulo/ctrl/MessageBox.h"
 #include "veld/Data.h"
 
 namespace veld5 {
-
-namespace {
-
-/// Exclamation icon and an OK button.
-constexpr unsigned kWarningFlags = 0x30;
-
-}  // namespace
 
 CLayerLtypeCtrlDlg::CLayerLtypeCtrlDlg(CVELD* cad)
     : cad_(cad),
@@ -37,12 +31,11 @@ CLayerLtypeCtrlDlg::CLayerLtypeCtrlDlg(CVELD* cad)
 
 CLayerLtypeCtrlDlg::~CLayerLtypeCtrlDlg() = default;
 
-void CLayerLtypeCtrlDlg::Warn(unsigned stringId) const {
+void CLayerLtypeCtrlDlg::Warn(StringId text) const {
     if (!notifier_)
         return;
     const ulo::WString caption = LoadResString(ids::kWarning);
-    const ulo::WString text = LoadResString(stringId);
-    notifier_->ShowMessage(caption.c_str(), text.c_str(), kWarningFlags);
+    notifier_->ShowMessage(caption.c_str(), LoadResString(text).c_str(), ulo::kWarningFlags);
 }
 
 // Layer selection

@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "res/StringIds.h"
 #include "ulo/Memento.h"
 #include "ulo/RefCounter.h"
 #include "ulo/WString.h"
@@ -144,7 +145,7 @@ private:
         std::unordered_map<const T*, std::size_t> at_;
     };
 
-    void Warn(unsigned stringId) const;
+    void Warn(StringId text) const;
     /// Releases the collections and mementos once the visit has ended.
     void Finish();
 

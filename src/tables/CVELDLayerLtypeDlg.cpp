@@ -47,7 +47,7 @@ CVELDLayerLtypeDlg::~CVELDLayerLtypeDlg() {
 }
 
 int CVELDLayerLtypeDlg::ShowMessage(const wchar_t* caption, const wchar_t* text, unsigned flags) {
-    return ulo::MessageBox(this, ulo::WString(text), ulo::WString(caption), flags);
+    return ulo::CreateMessageBox(this, ulo::WString(caption), ulo::WString(text), flags);
 }
 
 void CVELDLayerLtypeDlg::OnEndEditItem(QString, int) {}

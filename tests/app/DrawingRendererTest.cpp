@@ -135,19 +135,15 @@ TEST(DrawingRenderer, ColoursResolveThroughLayerSetAndBackground) {
         Scene s;
         c.setup(s);
         EXPECT_EQ(s.pixelAt(), c.expected) << c.what;
+        // Picking and the extents see the line exactly when it is drawn.
+        const bool hidden = s.layer->IsOff() || s.layer->IsFrozen() || !s.set->IsVisible();
+        const auto pick = [&](double x, double y) {
+            return drawingrender::Pick(s.cad, s.index, s.view, s.view.ToScreen(x, y), 3);
+        };
+        EXPECT_EQ(pick(2, 0.1), hidden ? nullptr : s.line) << c.what;
+        EXPECT_EQ(pick(2, 2), nullptr) << c.what;
+        EXPECT_EQ(drawingrender::Extents(s.cad, s.index).isNull(), hidden) << c.what;
     }
-}
-
-TEST(DrawingRenderer, PickingAndExtentsSeeOnlyWhatIsDrawn) {
-    Scene s;
-    const QPointF onLine = s.view.ToScreen(2, 0.1);
-    EXPECT_EQ(drawingrender::Pick(s.cad, s.index, s.view, onLine, 3), s.line);
-    EXPECT_EQ(drawingrender::Pick(s.cad, s.index, s.view, s.view.ToScreen(2, 2), 3), nullptr);
-    EXPECT_EQ(drawingrender::Extents(s.cad, s.index), QRectF(QPointF(-4, 0), QPointF(4, 0)));
-
-    s.layer->SetFrozen(true);
-    EXPECT_EQ(drawingrender::Pick(s.cad, s.index, s.view, onLine, 3), nullptr);
-    EXPECT_TRUE(drawingrender::Extents(s.cad, s.index).isNull());
 }
 
 TEST(DrawingRenderer, ADashedLineLeavesGapsScaledByTheLineTypeScale) {

@@ -1,5 +1,6 @@
 // The grid and snap settings of a view: exact equality over all eight values,
-// setters that store no unusable interval, NaN or infinity, and mementos.
+// setters that store no unusable interval, NaN or infinity. (Mementos and the
+// grid following the snap: CommandsTest.GridCommand and GridDialogTest.)
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -93,39 +94,5 @@ TEST(Grid, SettersStoreNoUnusableIntervalNaNOrInfinity) {
             EXPECT_EQ(g.IsGridActive(), on);
         }
         EXPECT_TRUE(g == g) << r.in;  // nothing stored compares unequal to itself
-    }
-}
-
-TEST(Grid, GridFollowingTheSnap) {
-    CGrid g;
-    g.SetGrid(false, 0, 0);
-    EXPECT_TRUE(g.IsGridBySnap());
-    EXPECT_FALSE(g.IsGridActive());
-    g.SetGrid(true, 0, 0);
-    EXPECT_FALSE(g.IsGridBySnap());
-    g.SetGridBySnap();
-    EXPECT_TRUE(g.IsGridBySnap());
-    EXPECT_TRUE(g.IsGridActive());
-    g.SetGrid(true, 0, 5);
-    EXPECT_FALSE(g.IsGridBySnap());
-}
-
-// A memento restores all eight values; the swap that undo and redo use
-// alternates between the two states.
-TEST(Grid, MementoRestoresEverythingAndTheSwapAlternates) {
-    CGrid g;
-    g.SetSnap(true, 100, 200, 5, 6, 45);
-    g.SetGrid(true, 7, 8);
-    const CGrid before = g;
-    auto stored = ulo::RefPtr<ulo::IMemento>::Adopt(g.CreateMemento());
-    EXPECT_FALSE(g.HasChanged(stored.get()));
-    g.SetSnap(false, 0, 0, 1, 1, 0);
-    g.SetGridBySnap();
-    const CGrid changed = g;
-    EXPECT_TRUE(g.HasChanged(stored.get()));
-    for (int i = 0; i < 4; ++i) {
-        ulo::SwapMemento(g, stored);
-        EXPECT_TRUE(g == (i % 2 == 0 ? before : changed)) << i;
-        EXPECT_TRUE(g.HasChanged(stored.get())) << i;
     }
 }

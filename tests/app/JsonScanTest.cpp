@@ -22,55 +22,45 @@ bool check(const QByteArray& doc) {
     return check(doc, error, at);
 }
 
-/// Compares the value at @p v with Qt's reading of the same value.
-void expectSame(const char* v, const QJsonValue& qt, const std::string& where) {
+/// The value at @p v as Qt holds one: what the reader reads, checked on the
+/// way against its other readings (wide strings, key comparison, no -0).
+QJsonValue toQt(const char* v) {
     using jsonscan::Kind;
     switch (jsonscan::KindOf(v)) {
         case Kind::Null:
-            EXPECT_TRUE(qt.isNull()) << where;
-            break;
+            return QJsonValue::Null;
         case Kind::Bool:
-            EXPECT_EQ(jsonscan::ToBool(v), qt.toBool()) << where;
-            break;
+            return jsonscan::ToBool(v);
         case Kind::Number: {
             const double d = jsonscan::ToNumber(v);
-            EXPECT_TRUE(qt.isDouble()) << where;
-            // Qt keeps huge numbers as infinity or refuses them; either way
-            // both readings agree on what is finite.
-            if (std::isfinite(d) || std::isfinite(qt.toDouble())) {
-                EXPECT_EQ(d, qt.toDouble()) << where;
-            }
-            EXPECT_FALSE(d == 0 && std::signbit(d)) << where << ": no signed zero";
-            break;
+            EXPECT_FALSE(d == 0 && std::signbit(d)) << v << ": no signed zero";
+            return d;
         }
         case Kind::String:
-            EXPECT_EQ(jsonscan::ToString(v), qt.toString()) << where;
-            EXPECT_EQ(QString::fromStdWString(jsonscan::ToWString(v)), qt.toString()) << where;
-            break;
+            EXPECT_EQ(QString::fromStdWString(jsonscan::ToWString(v)), jsonscan::ToString(v));
+            return jsonscan::ToString(v);
         case Kind::Array: {
-            const QJsonArray a = qt.toArray();
+            QJsonArray a;
             jsonscan::Elements e(v);
-            qsizetype i = 0;
-            for (const char* x; (x = e.Next()); ++i)
-                expectSame(x, a.at(i), where + "[" + std::to_string(i) + "]");
-            EXPECT_EQ(i, a.size()) << where;
-            break;
+            for (const char* x; (x = e.Next());)
+                a.append(toQt(x));
+            return a;
         }
         case Kind::Object: {
-            const QJsonObject o = qt.toObject();
+            QJsonObject o;
             jsonscan::Members m(v);
             for (const char *key, *value; m.Next(key, value);) {
                 const QString k = jsonscan::ToString(key);
-                EXPECT_TRUE(o.contains(k)) << where << "." << k.toStdString();
-                if (o.value(k) != QJsonValue(QJsonValue::Undefined) &&
-                    jsonscan::Equals(key, k.toStdString()))
-                    expectSame(value, o.value(k), where + "." + k.toStdString());
+                EXPECT_TRUE(jsonscan::Equals(key, k.toStdString())) << k.toStdString();
+                o.insert(k, toQt(value));
             }
-            break;
+            return o;
         }
         case Kind::Missing:
-            ADD_FAILURE() << where;
+            break;
     }
+    ADD_FAILURE() << v;
+    return QJsonValue::Undefined;
 }
 
 }  // namespace
@@ -79,7 +69,8 @@ TEST(JsonScan, ReadsWhatQtReads) {
     const char* docs[] = {
         "{}",
         "[]",
-        " \t\r\n[1, -0, 0.5, -2.25e-3, 1E+2, 123456789012345678, 5e-324, 1.7976931348623157e308] ",
+        " \t\r\n[1, -0, 0.5, -2.25e-3, 1E+2, 12345678901234567890, 5e-324, "
+        "1.7976931348623157e308] ",
         R"({"a": "plain", "b": "\"\\\/\b\f\n\r\t", "c": "\u00e9\u4e2d\ud83d\ude00", "d": "é中😀"})",
         R"({"n\u0061me": "escaped key", "nested": {"x": [[], {}, [null, true, false]]}})",
         R"(["\u0000 inside", "a\u001fb", ""])",
@@ -95,8 +86,8 @@ TEST(JsonScan, ReadsWhatQtReads) {
         ASSERT_TRUE(check(bytes));
         if (error.error != QJsonParseError::NoError)
             continue;  // Qt refuses a top-level scalar or a number out of range
-        const char* root = jsonscan::Blanks(bytes.constData());
-        expectSame(root, qt.isObject() ? QJsonValue(qt.object()) : QJsonValue(qt.array()), "$");
+        EXPECT_EQ(toQt(jsonscan::Blanks(bytes.constData())),
+                  qt.isObject() ? QJsonValue(qt.object()) : QJsonValue(qt.array()));
     }
 }
 

@@ -18,8 +18,9 @@ TEST(StringTable, SortedUniqueAndNeverEmpty) {
 }
 
 TEST(StringTable, EveryLoadedIdExists) {
-    for (const unsigned id : veld5::ids::kLoadedStringIds)
-        EXPECT_NE(veld5::ModuleResources().FindString(id), nullptr) << id;
+    for (const veld5::StringId id : veld5::ids::kLoadedStringIds)
+        EXPECT_NE(veld5::ModuleResources().FindString(veld5::Value(id)), nullptr)
+            << veld5::Value(id);
 }
 
 TEST(StringTable, HatchNamesCoverEveryPatternId) {
@@ -27,9 +28,9 @@ TEST(StringTable, HatchNamesCoverEveryPatternId) {
          {std::pair{100u, 135u}, {201u, 214u}, {301u, 308u}, {401u, 411u}})
         for (unsigned id = first; id <= last; ++id)
             EXPECT_NE(veld5::ModuleResources().FindString(id), nullptr) << id;
-    EXPECT_EQ(veld5::LoadResString(135), L"Cadastre1");
-    EXPECT_EQ(veld5::LoadResString(207), L"ISO 8");
-    EXPECT_EQ(veld5::LoadResString(308), L"ANSI 38");
+    EXPECT_EQ(veld5::LoadResString(veld5::StringId{135}), L"Cadastre1");
+    EXPECT_EQ(veld5::LoadResString(veld5::StringId{207}), L"ISO 8");
+    EXPECT_EQ(veld5::LoadResString(veld5::StringId{308}), L"ANSI 38");
 }
 
 TEST(StringTable, LoadingPassesThroughTheTranslationHook) {
@@ -40,6 +41,6 @@ TEST(StringTable, LoadingPassesThroughTheTranslationHook) {
     veld5::LoadResString(out, veld5::ids::kWarning);
     EXPECT_EQ(out, L"Attenzione");
     ulo::SetTranslator({});
-    veld5::LoadResString(out, 99999);  // no such string: empty
+    veld5::LoadResString(out, veld5::StringId{99999});  // no such string: empty
     EXPECT_EQ(out, L"");
 }

@@ -1,48 +1,20 @@
-// Behaviour of the toolkit's controls under real input events, their colours
-// and the ids they carry.
+// Behaviour of the toolkit's controls under real input events, and their
+// colours. (The ids they carry: every scripted-user test finds controls by id;
+// an edit ended by taking its keyboard away: the layer name edit in
+// TableDialogsTest.)
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
-#include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
 #include <QVBoxLayout>
-#include <memory>
-#include <vector>
 
-#include "ulo/ResourceModule.h"
 #include "ulo/ctrl/Controls.h"
-#include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/MessageBox.h"
 
 using namespace Qt::StringLiterals;
-
-TEST(KeyboardEdit, TakingTheKeyboardAwayEndsTheEdit) {
-    QWidget window;
-    auto* layout = new QVBoxLayout(&window);
-    auto* edit = new CCEEditKeybTxt(&window);
-    auto* other = new CCEEditKeybNum(&window);
-    layout->addWidget(edit);
-    layout->addWidget(other);
-    window.show();
-    QApplication::setActiveWindow(&window);
-    QSignalSpy ended(edit, &CCEBaseKeybEdit::keyboardTakenAway);
-
-    QTest::mouseClick(edit, Qt::LeftButton);
-    EXPECT_TRUE(edit->HasKeyb());
-    QTest::keyClicks(edit, QStringLiteral("ab"));
-    QTest::mouseClick(other, Qt::LeftButton);  // focus moves on: the edit ends
-    EXPECT_EQ(ended.count(), 1);
-    EXPECT_FALSE(edit->HasKeyb());
-
-    QTest::mouseClick(edit, Qt::LeftButton);
-    QTest::keyClick(edit, Qt::Key_Return);  // Return puts the keyboard away too
-    EXPECT_EQ(ended.count(), 2);
-    EXPECT_EQ(edit->text(), QStringLiteral("ab"));
-    EXPECT_EQ(other->inputMethodHints() & Qt::ImhFormattedNumbersOnly, Qt::ImhFormattedNumbersOnly);
-}
 
 // An edit holds 32767 characters. Input beyond them, typed, committed by an
 // input method, pasted or inserted, keeps what fits at the cursor and is never
@@ -159,20 +131,6 @@ TEST(CheckGrid, ATapAnywhereInTheCheckCellTogglesOnce) {
     EXPECT_EQ(grid.GetItemPtr(0), quintptr(101));
 }
 
-TEST(KeyboardCombo, SortedInsertionKeepsItemData) {
-    CCEBaseKeybCombo combo;
-    combo.SetSorted(true);
-    combo.AddString(QStringLiteral("Romans"), 3);
-    combo.AddString(QStringLiteral("Arial"), 1);
-    combo.AddString(QStringLiteral("Courier"), 2);
-    ASSERT_EQ(combo.count(), 3);
-    EXPECT_EQ(combo.itemText(0), QStringLiteral("Arial"));
-    EXPECT_EQ(combo.GetItemDataAt(2), quintptr(3));
-    EXPECT_EQ(combo.FindItemData(2), 1);
-    EXPECT_EQ(combo.FindItemData(9), -1);
-    EXPECT_EQ(combo.GetItemDataAt(7), quintptr(0));
-}
-
 TEST(ColourControls, ButtonsShowTheirSchemeOverWhatTheyInherit) {
     struct Case {
         int text, back;
@@ -199,72 +157,5 @@ TEST(ColourControls, ButtonsShowTheirSchemeOverWhatTheyInherit) {
         }
         EXPECT_EQ(p.color(QPalette::Disabled, QPalette::ButtonText), QColor(0x9a, 0x9a, 0x9a));
         EXPECT_EQ(p.color(QPalette::Window), QColor(0x00, 0x60, 0x00));
-    }
-}
-
-TEST(ColourControls, SwatchColours) {
-    CColorStatic swatch(nullptr, 0x0000FF);
-    EXPECT_EQ(ulo::ColorFromRef(swatch.GetColor()), QColor(255, 0, 0));
-    EXPECT_EQ(ulo::RefFromColor(QColor(1, 2, 3)), 0x030201u);
-}
-
-// The toolkit's controls and dialogs declare the properties code and tests
-// read them by: setting them adds no dynamic property.
-TEST(ControlIds, ControlsAndBuiltDialogsDeclareTheirIdAndIndex) {
-    using ulo::CtrlKind;
-    const ulo::DlgRect r{4, 4, 60, 12};
-    const ulo::CtrlTemplate controls[] = {
-        {700, CtrlKind::GroupBox, L"Group", 0, {r, r, r, r}},
-        {701, CtrlKind::Static, L"Label", 0, {r, r, r, r}},
-        {702, CtrlKind::RadioButton, L"Radio", ulo::kGroupStart, {r, r, r, r}},
-        {703, CtrlKind::CheckBox, L"Check", 0, {r, r, r, r}},
-        {704, CtrlKind::Edit, L"", ulo::kNumeric, {r, r, r, r}},
-        {705, CtrlKind::Edit, L"", 0, {r, r, r, r}},
-        {706, CtrlKind::ComboBox, L"", 0, {r, r, r, r}},
-        {707, CtrlKind::PushButton, L"OK", 0, {r, r, r, r}},
-    };
-    const ulo::DialogTemplate templates[] = {
-        {700, L"Ids", nullptr, true, {{80, 40}, {80, 40}, {80, 40}, {80, 40}}, controls}};
-    const ulo::CResourceModule module("controls-test", {}, templates);
-    const ulo::HINSTANCE previous = ulo::AfxGetResourceHandle();
-    ulo::AfxSetResourceHandle(&module);
-    QWidget host;
-    CWSizeDialog dialog(0, nullptr);
-    const bool built = dialog.Create(702, &host);  // layout 2
-    ulo::AfxSetResourceHandle(previous);
-    ASSERT_TRUE(built);
-    EXPECT_EQ(dialog.property(ulo::prop::kTemplateId).toUInt(), 702u);
-    EXPECT_EQ(dialog.property(ulo::prop::kBaseId).toUInt(), 700u);
-    EXPECT_EQ(dialog.property(ulo::prop::kLayout).toInt(), 2);
-    EXPECT_EQ(dialog.property(ulo::prop::kOkId).toUInt(), 1u);
-    EXPECT_EQ(dialog.property(ulo::prop::kCancelId).toUInt(), 2u);
-    EXPECT_TRUE(dialog.dynamicPropertyNames().isEmpty());
-    for (int i = 0; i < static_cast<int>(std::size(controls)); ++i) {
-        QWidget* w = dialog.GetDlgItem(controls[i].id);
-        ASSERT_NE(w, nullptr) << controls[i].id;
-        EXPECT_EQ(ulo::GetDlgCtrlID(w), controls[i].id);
-        EXPECT_EQ(w->property(ulo::prop::kCtrlIndex).toInt(), i) << controls[i].id;
-        EXPECT_TRUE(w->dynamicPropertyNames().isEmpty()) << controls[i].id;
-    }
-    // Each control class, the ones no template builds too.
-    std::vector<std::unique_ptr<QWidget>> widgets;
-    widgets.push_back(std::make_unique<CColButton>());
-    widgets.push_back(std::make_unique<CCEBaseButton>());
-    widgets.push_back(std::make_unique<ulo::CCERadioButton>());
-    widgets.push_back(std::make_unique<ulo::CCEStatic>());
-    widgets.push_back(std::make_unique<ulo::CCEGroupBox>());
-    widgets.push_back(std::make_unique<CCEEditKeybNum>());
-    widgets.push_back(std::make_unique<CCEEditKeybTxt>());
-    widgets.push_back(std::make_unique<CCEBaseKeybCombo>());
-    widgets.push_back(std::make_unique<CColorStatic>());
-    widgets.push_back(std::make_unique<CCEMSGridCtrl>(0, 3));
-    for (const auto& w : widgets) {
-        const char* kind = w->metaObject()->className();
-        EXPECT_FALSE(w->property(ulo::prop::kCtrlId).isValid()) << kind;  // no control yet
-        w->setProperty(ulo::prop::kCtrlId, 4779u);
-        w->setProperty(ulo::prop::kCtrlIndex, 3);
-        EXPECT_EQ(ulo::GetDlgCtrlID(w.get()), 4779u) << kind;
-        EXPECT_EQ(w->property(ulo::prop::kCtrlIndex).toInt(), 3) << kind;
-        EXPECT_TRUE(w->dynamicPropertyNames().isEmpty()) << kind;
     }
 }

@@ -1,6 +1,7 @@
 // The toolkit's dialog base on a template of its own: the keys and buttons
-// that end a dialog with non-standard OK and Cancel ids, radio groups, child
-// pages, and a template that does not exist.
+// that end a dialog with non-standard OK and Cancel ids, and a template that
+// does not exist. (Radio groups: AngleDialogTest, GridDialogTest; pages:
+// GridDialogTest.)
 #include <gtest/gtest.h>
 
 #include <QTest>
@@ -13,7 +14,7 @@ using namespace ulo;
 
 namespace {
 constexpr unsigned kOk = 11196, kCancel = 11197;
-constexpr unsigned kA1 = 601, kA2 = 602, kA3 = 603, kB1 = 611, kB2 = 612, kEdit = 630;
+constexpr unsigned kEdit = 630;
 
 constexpr DlgRect at(short x, short y, short w = 60, short h = 12) {
     return {x, y, w, h};
@@ -22,21 +23,13 @@ constexpr DlgRect at(short x, short y, short w = 60, short h = 12) {
     { r, r, r, r }
 
 const CtrlTemplate kDialogControls[] = {
-    {kA1, CtrlKind::RadioButton, L"A1", kGroupStart, ALL4(at(4, 4))},
-    {kA2, CtrlKind::RadioButton, L"A2", 0, ALL4(at(4, 18))},
-    {kA3, CtrlKind::RadioButton, L"A3", 0, ALL4(at(4, 32))},
-    {kB1, CtrlKind::RadioButton, L"B1", kGroupStart, ALL4(at(70, 4))},
-    {kB2, CtrlKind::RadioButton, L"B2", 0, ALL4(at(70, 18))},
+    {601, CtrlKind::RadioButton, L"A1", kGroupStart, ALL4(at(4, 4))},
     {kEdit, CtrlKind::Edit, L"", kBorder, ALL4(at(4, 50))},
     {kOk, CtrlKind::PushButton, L"OK", kDefault, ALL4(at(4, 80, 40, 14))},
     {kCancel, CtrlKind::PushButton, L"Cancel", 0, ALL4(at(50, 80, 40, 14))},
 };
-const CtrlTemplate kPageControls[] = {
-    {640, CtrlKind::Edit, L"", kBorder, ALL4(at(2, 2))},
-};
 const DialogTemplate kTemplates[] = {
     {500, L"Test dialog", nullptr, false, ALL4((DlgSize{138, 100})), kDialogControls},
-    {510, L"", nullptr, true, ALL4((DlgSize{100, 40})), kPageControls},
 };
 const CResourceModule kModule("dialog-test", {}, kTemplates);
 
@@ -100,42 +93,6 @@ TEST(Dialog, EveryWayOutGoesThroughItsOwnOkAndCancel) {
         EXPECT_TRUE(user.Finished()) << r.what << ": " << user.Report().toStdString();
         EXPECT_EQ(dialog.calls, r.calls) << r.what;
     }
-}
-
-TEST(Dialog, RadioButtonsFormAGroupFromEachGroupStart) {
-    ModuleScope scope;
-    automation::ScriptedUser user;
-    unsigned a = 0, b = 0, afterCheck = 0;
-    user.Click(kA1).Click(kB2).Click(kA3);
-    user.Inspect([&](QWidget* w) {
-        auto* d = static_cast<CWSizeDialog*>(w);
-        a = d->GetCheckedRadioButton(kA1, kA3);
-        b = d->GetCheckedRadioButton(kB1, kB2);
-        d->CheckRadioButton(kA1, kA3, kA2);  // from code, as data exchange does
-        afterCheck = d->GetCheckedRadioButton(kA1, kA3);
-    });
-    user.Click(kOk);
-    Recording dialog(500);
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    EXPECT_TRUE(user.Finished()) << user.Report().toStdString();
-    EXPECT_EQ(a, kA3) << "a click in a group clears the others of that group";
-    EXPECT_EQ(b, kB2) << "and leaves the next group alone";
-    EXPECT_EQ(afterCheck, kA2);
-    EXPECT_FALSE(dialog.IsDlgButtonChecked(kA3));
-}
-
-TEST(Dialog, APageIsBuiltInsideItsContainerWhereItWasPlaced) {
-    ModuleScope scope;
-    QWidget container;
-    container.resize(300, 200);
-    Recording page(510);
-    page.SetWindowedMode(true, true, 10, 20, 150, 60);
-    ASSERT_TRUE(page.Create(510, &container));
-    EXPECT_EQ(page.calls, "init ");
-    EXPECT_EQ(page.parentWidget(), &container);
-    EXPECT_FALSE(page.isWindow());
-    EXPECT_EQ(page.geometry(), QRect(10, 20, 150, 60));
-    EXPECT_NE(page.GetDlgItem(640), nullptr);
 }
 
 TEST(Dialog, ATemplateNoModuleHoldsFailsWithoutShowing) {

@@ -69,10 +69,6 @@ int CreateMessageBox(CWnd* owner, const WString& caption, const WString& text, u
     }
 }
 
-int MessageBox(CWnd* owner, const WString& text, const WString& caption, unsigned flags) {
-    return CreateMessageBox(owner, caption, text, flags);
-}
-
 namespace {
 std::map<int, std::function<void(unsigned)>>& beepListeners() {
     static std::map<int, std::function<void(unsigned)>> l;

@@ -12,13 +12,15 @@ class QFileDialog;
 
 namespace ulo {
 
+/// The flags of a warning: an exclamation icon and an OK button (48).
+constexpr unsigned kWarningFlags = MB_OK | MB_ICONEXCLAMATION;
+
 /// Modal message box; returns the id of the button pressed (IDOK, IDCANCEL,
 /// IDYES, IDNO). Flags: MB_OK, MB_YESNO, MB_YESNOCANCEL with an icon bit.
 /// The box carries its caption, text and flags in the properties
-/// prop::kCaption, kText and kFlags.
+/// prop::kCaption, kText and kFlags. The one message box of the toolkit:
+/// every box, whoever owns it, comes from here, the caption before the text.
 int CreateMessageBox(CWnd* owner, const WString& caption, const WString& text, unsigned flags);
-/// The owner window's own message box: the text comes first.
-int MessageBox(CWnd* owner, const WString& text, const WString& caption, unsigned flags);
 
 /// Sounds the system beep of @p type (MB_ICONEXCLAMATION, ...).
 void MessageBeep(unsigned type);
