@@ -6,9 +6,9 @@
 #include <QAbstractButton>
 #include <numbers>
 
-#include "../factory/FactoryFixture.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/Win.h"
 #include "veld/Data.h"

@@ -12,11 +12,11 @@
 #include <optional>
 #include <random>
 
-#include "../factory/FactoryFixture.h"
 #include "app/DrawingFile.h"
 #include "app/Grid.h"
 #include "app/VELD.h"
 #include "app/view/VELDView.h"
+#include "support/FactoryFixture.h"
 #include "ulo/HelpTopic.h"
 #include "ulo/ctrl/Win.h"
 

@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "../factory/FactoryFixture.h"
 #include "app/DrawingFile.h"
 #include "app/VELD.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Controls.h"
 #include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/Win.h"

@@ -7,8 +7,8 @@
 #include <QAbstractButton>
 #include <vector>
 
-#include "../factory/FactoryFixture.h"
 #include "app/VELD.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Win.h"
 
 using automation::ScriptedUser;

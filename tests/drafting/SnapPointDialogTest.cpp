@@ -8,8 +8,8 @@
 #include <cmath>
 #include <string>
 
-#include "../factory/FactoryFixture.h"
 #include "app/VELD.h"
+#include "support/FactoryFixture.h"
 #include "ulo/Geom.h"
 #include "ulo/ctrl/Win.h"
 

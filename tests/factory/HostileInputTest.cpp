@@ -5,8 +5,8 @@
 #include <cmath>
 #include <memory>
 
-#include "FactoryFixture.h"
 #include "automation/HostileTexts.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/Win.h"
 #include "veld/FileReaderPasswordRequest.h"

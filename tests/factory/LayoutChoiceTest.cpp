@@ -1,6 +1,6 @@
 // Every dialog opens from the template variant of the device's layout and shows
 // the same controls in each.
-#include "FactoryFixture.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Dialog.h"
 
 using automation::ScriptedUser;

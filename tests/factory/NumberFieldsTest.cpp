@@ -3,12 +3,12 @@
 // dialog, never as the number before the second separator.
 #include <functional>
 
-#include "FactoryFixture.h"
 #include "app/Grid.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
 #include "app/view/VELDView.h"
 #include "app/view/ViewAccess.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Win.h"
 #include "veld/Ent.h"
 #include "veld/EntCollection.h"

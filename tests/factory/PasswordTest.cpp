@@ -3,7 +3,7 @@
 #include <QLineEdit>
 #include <memory>
 
-#include "FactoryFixture.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Dialog.h"
 #include "veld/FileReaderPasswordRequest.h"
 

@@ -3,7 +3,7 @@
 #include <QLineEdit>
 #include <QWidget>
 
-#include "FactoryFixture.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/Win.h"
 

@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "app/VELD.h"
-#include "factory/FactoryFixture.h"
 #include "factory/Scopes.h"
 #include "properties/CCECADDlgColor.h"
 #include "properties/CVELDEntColorStatic.h"
 #include "properties/CVELDMultiColorStatic.h"
+#include "support/FactoryFixture.h"
 #include "support/ScopedMultiplier.h"
 #include "ulo/ctrl/Dialog.h"
 
