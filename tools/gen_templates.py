@@ -10,12 +10,17 @@ same order and emits them as data, one control per line:
   src/res/templates/Dialogs.cpp     every dialog but the value entry ones
   src/res/templates/ValueEntry.cpp  password, number, text and rotation entry
 
+and the names code and tests give the controls, one namespace per dialog
+(ctl::InsText::kHeight; kOk and kCancel wherever a dialog has them):
+
+  src/res/templates/ControlIds.h
+
 The output is final as written: no formatter pass is wanted, and the data sits
 between clang-format off/on markers so that formatting the tree leaves it be.
 
 Usage, from anywhere in the checkout:
 
-  python3 tools/gen_templates.py          rewrite both files after a change
+  python3 tools/gen_templates.py          rewrite the files after a change
   python3 tools/gen_templates.py --check  only compare; exit status 1 and the
                                           names of the files that differ when
                                           the checked-in text is not the output
@@ -706,17 +711,66 @@ VALUE_ENTRY = [
     (11068, 'Enter...', 'QuadraCE.htm#Dlg ScegliRotazione', False, d11068),
 ]
 
+# The help key of these dialogs does nothing: their help is the topic alone.
+HELP_BY_TOPIC_ONLY = {11012, 11024, 11040, 11044, 11068, 11084, 11088}
+
+# The names of ControlIds.h: each dialog's name, then a name for every control
+# id of its template but OK and Cancel (the push buttons labelled so, which
+# the template marks and the header names kOk and kCancel). The script stops
+# when a control has no name or a name no control.
+CONTROL_NAMES = {
+    11000: ('Password', {4779: 'kPassword'}),
+    11004: ('Calibration', {11180: 'kScale', 11181: 'kEastMin', 11182: 'kNorthMin',
+                            11183: 'kEastMax', 11184: 'kNorthMax', 11178: 'kPixelEastMax',
+                            11179: 'kPixelNorthMax', 11176: 'kScaleCalc', 11177: 'kMaxDim'}),
+    11008: ('Cursor', {11158: 'kFullScreen', 11159: 'kCrossSize', 11160: 'kSearchSize'}),
+    11012: ('GetDouble', {11138: 'kFrame', 11137: 'kValue'}),
+    11016: ('GetString', {11213: 'kPrompt', 11212: 'kText'}),
+    11020: ('GridSnap', {11172: 'kTabs', 11173: 'kPageArea'}),
+    11024: ('InsText', {11139: 'kLine1', 11146: 'kLine2', 11147: 'kLine3', 11140: 'kHeight',
+                        11143: 'kWidth', 11142: 'kRotation', 11141: 'kSlant', 11144: 'kJustify',
+                        11145: 'kStyle'}),
+    11028: ('Layers', {11133: 'kFilterLabel', 1128: 'kFilter', 1129: 'kList', 1130: 'kNew',
+                       1131: 'kDelete', 1132: 'kCurrent', 11132: 'kNameEdit'}),
+    11032: ('Ltypes', {11133: 'kFilterLabel', 11125: 'kFilter', 11126: 'kList',
+                       11131: 'kScaleLabel', 11130: 'kScale', 11128: 'kLoad', 11127: 'kDelete',
+                       11129: 'kCurrent', 11132: 'kNameEdit'}),
+    11036: ('LtypeLoad', {11134: 'kFile', 11135: 'kPath', 1162: 'kPlaceholder', 2000: 'kGrid'}),
+    11040: ('Angle', {11123: 'kDegrees', 11124: 'kGons'}),
+    11044: ('Color', {11187: 'kStandard', 11189: 'kGrey', 11190: 'kByLayer', 11191: 'kByBlock',
+                      11192: 'kPaletteEven', 11193: 'kPaletteOdd', 11194: 'kName',
+                      11195: 'kPreview'}),
+    11048: ('GeneralOptions', {11113: 'kElement', 11121: 'kPalette', 11120: 'kRedValue',
+                               11114: 'kRed', 11119: 'kGreenValue', 11115: 'kGreen',
+                               11118: 'kBlueValue', 11116: 'kBlue', 11117: 'kSwatch',
+                               1133: 'kColorizeSelected', 11112: 'kDefault'}),
+    11052: ('NewStyle', {11111: 'kFrame', 11110: 'kName'}),
+    11056: ('TextStyle', {11100: 'kStyle', 11101: 'kNew', 11102: 'kRename', 11103: 'kDelete',
+                          11104: 'kFont', 11122: 'kFontFile', 11105: 'kFontStyle',
+                          11106: 'kHeight', 11107: 'kWidth', 11108: 'kOblique',
+                          11109: 'kVertical'}),
+    11060: ('OSnap', {1135: 'kFree', 1136: 'kCoordInput', 1137: 'kSnap', 1138: 'kEndPoints',
+                      1139: 'kMidPoint', 1140: 'kIntersection', 1141: 'kCenter',
+                      1142: 'kQuadrant', 1143: 'kTangent', 1144: 'kPerpendicular',
+                      1145: 'kInsert', 1146: 'kConnect', 1147: 'kNear'}),
+    11064: ('EntProperty', {1155: 'kColorSwatch', 1154: 'kColorName', 1157: 'kEntitySet',
+                            1158: 'kLayer', 1159: 'kLtype', 1156: 'kScale'}),
+    11068: ('Rotate', {11138: 'kFrame', 11204: 'kOnePoint', 11205: 'kTwoPoints',
+                       11206: 'kAngle', 11137: 'kValue'}),
+    11072: ('SnapPoint', {11185: 'kEast', 11186: 'kNorth', 11188: 'kElevation'}),
+    11076: ('EntitySets', {1152: 'kList', 604: 'kNewCad', 605: 'kNewTopog', 600: 'kDelete',
+                           602: 'kUp', 603: 'kDown', 1161: 'kNameEdit'}),
+    11080: ('Hatch', {11209: 'kTabs', 11210: 'kList'}),
+    11084: ('GridPage', {11168: 'kEnable', 11164: 'kFree', 11166: 'kFromSnap',
+                         11170: 'kIntervalNorth', 11171: 'kIntervalEast'}),
+    11088: ('SnapPage', {11161: 'kEnable', 11162: 'kIntervalNorth', 11165: 'kIntervalEast',
+                         11167: 'kAngle', 11163: 'kBaseNorth', 11169: 'kBaseEast'}),
+    11092: ('SelType', {11203: 'kList'}),
+}
+
 CHILD_SIZES = {11084: [(133, 112), (133, 167), (178, 90), (229, 90)],
                11088: [(133, 113), (133, 167), (179, 92), (229, 92)]}
 WIDE_139 = {11000, 11060, 11076}
-
-# File written (from the root of the checkout), what it holds, its dialogs.
-FILES = [
-    ('src/res/templates/Dialogs.cpp', 'The dialog templates in their four layouts.', DIALOGS),
-    ('src/res/templates/ValueEntry.cpp',
-     'The value entry dialogs (password, number, text, rotation) in their four layouts.', VALUE_ENTRY),
-]
-
 
 def sizes_for(base):
     if base in CHILD_SIZES:
@@ -755,6 +809,17 @@ def wstr(text):
     return 'L"%s"' % text.replace('"', '\\"')
 
 
+def ok_cancel_of(base, controls):
+    """The ids of the push buttons labelled OK and Cancel (0: none)."""
+    found = {}
+    for c in controls:
+        if c['kind'] == 'PushButton' and c['label'] in ('OK', 'Cancel'):
+            if c['label'] in found:
+                sys.exit('gen_templates: %d has two %s buttons' % (base, c['label']))
+            found[c['label']] = c['id']
+    return found.get('OK', 0), found.get('Cancel', 0)
+
+
 def control_line(layouts, i):
     c = layouts[0][i]
     cid = 'kStaticId' if c['id'] == 65535 else str(c['id'])
@@ -771,7 +836,7 @@ def control_line(layouts, i):
 
 
 def render(what, dialogs):
-    """The text of one file."""
+    """The text of one template file."""
     out = ['// %s' % what,
            '// Written by tools/gen_templates.py: change the script and run it, never this file.',
            '#include "Templates.h"', '', 'namespace veld5::tpl {', 'using namespace ulo;', '',
@@ -785,14 +850,68 @@ def render(what, dialogs):
         out += [control_line(layouts, i) for i in range(len(layouts[0]))]
         out += ['};', '']
         sizes = ', '.join('{%d, %d}' % s for s in sizes_for(base))
-        decls.append('const DialogTemplate k%d{%d, %s, %s, %s, {%s}, c%d};' %
+        ok, cancel = ok_cancel_of(base, layouts[0])
+        marks = ''
+        if ok or cancel or base in HELP_BY_TOPIC_ONLY:
+            marks = ', %d, %d' % (ok, cancel)
+            if base in HELP_BY_TOPIC_ONLY:
+                marks += ', true'
+        decls.append('const DialogTemplate k%d{%d, %s, %s, %s, {%s}, c%d%s};' %
                      (base, base, wstr(title), wstr(help_) if help_ else 'nullptr',
-                      'true' if child else 'false', sizes, base))
+                      'true' if child else 'false', sizes, base, marks))
     out.append('}  // namespace')
     out.append('')
     out += decls
     out += ['// clang-format on', '', '}  // namespace veld5::tpl', '']
     return '\n'.join(out)
+
+
+def render_ids(dialogs):
+    """The text of ControlIds.h: the named ids of every dialog, by base id."""
+    out = ['#pragma once',
+           '// The ids of the controls of every dialog template, by name: one namespace per',
+           '// dialog (ctl::InsText::kHeight); kOk and kCancel are the buttons that act as OK',
+           '// and Cancel. Code and tests address a control by these names, never by its number.',
+           '// Written by tools/gen_templates.py: change the script and run it, never this file.',
+           '', 'namespace veld5::ctl {']
+    for base, title, help_, child, fn in sorted(dialogs):
+        if base not in CONTROL_NAMES:
+            sys.exit('gen_templates: %d has no entry in CONTROL_NAMES' % base)
+        name, names = CONTROL_NAMES[base]
+        controls = layouts_of(base, fn)[0]
+        ok, cancel = ok_cancel_of(base, controls)
+        ids = [c['id'] for c in controls if c['id'] not in (65535, ok, cancel)]
+        for cid in ids:
+            if cid not in names:
+                sys.exit('gen_templates: control %d of %d has no name' % (cid, base))
+        for cid in names:
+            if cid not in ids:
+                sys.exit('gen_templates: %d has no control %d to name %s' % (base, cid, names[cid]))
+        out += ['', '/// %d %s' % (base, title or '(page)'), 'namespace %s {' % name]
+        if ok:
+            out.append('inline constexpr unsigned kOk = %d;' % ok)
+        if cancel:
+            out.append('inline constexpr unsigned kCancel = %d;' % cancel)
+        seen = set()
+        for cid in ids:
+            if cid in seen:
+                continue
+            seen.add(cid)
+            out.append('inline constexpr unsigned %s = %d;' % (names[cid], cid))
+        out.append('}  // namespace %s' % name)
+    out += ['', '}  // namespace veld5::ctl', '']
+    return '\n'.join(out)
+
+
+# File written (from the root of the checkout) and the function giving its text.
+FILES = [
+    ('src/res/templates/Dialogs.cpp',
+     lambda: render('The dialog templates in their four layouts.', DIALOGS)),
+    ('src/res/templates/ValueEntry.cpp',
+     lambda: render('The value entry dialogs (password, number, text, rotation) in their four '
+                    'layouts.', VALUE_ENTRY)),
+    ('src/res/templates/ControlIds.h', lambda: render_ids(DIALOGS + VALUE_ENTRY)),
+]
 
 
 def main():
@@ -801,8 +920,8 @@ def main():
                         help='write nothing; fail when a checked-in file differs from the output')
     args = parser.parse_args()
     stale = []
-    for rel, what, dialogs in FILES:
-        text = render(what, dialogs)
+    for rel, text_of in FILES:
+        text = text_of()
         path = os.path.join(ROOT, rel)
         try:
             with open(path, encoding='utf-8', newline='') as f:

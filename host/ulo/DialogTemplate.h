@@ -73,12 +73,20 @@ struct CtrlTemplate {
 };
 
 struct DialogTemplate {
-    unsigned baseId;           ///< N; the variants are N..N+3
-    const wchar_t* title;      ///< empty for child pages
-    const wchar_t* helpTopic;  ///< null when the dialog has none
-    bool childPage;            ///< a page inside a container (no caption)
+    unsigned baseId;       ///< N; the variants are N..N+3
+    const wchar_t* title;  ///< empty for child pages
+    /// The host's help page for the dialog, announced when it opens (and when
+    /// a page comes to the front); null when the dialog has none.
+    const wchar_t* helpTopic;
+    bool childPage;  ///< a page inside a container (no caption)
     DlgSize size[4];
     std::span<const CtrlTemplate> controls;
+    /// The push buttons that act as OK and Cancel, drawn in the standard
+    /// colours; 0 when the template has none (the ids 1 and 2 then act).
+    unsigned okId = 0;
+    unsigned cancelId = 0;
+    /// The help key does nothing: the dialog's help is its topic alone.
+    bool helpByTopicOnly = false;
     const wchar_t* fontName = L"Tahoma";
     int fontPoints = 9;
 };

@@ -3,9 +3,8 @@
 #include <numbers>
 
 #include "app/VELD.h"
-#include "factory/Scopes.h"
-#include "shell/DialogIds.h"
-#include "ulo/HelpTopic.h"
+#include "factory/RunDialog.h"
+#include "res/templates/ControlIds.h"
 #include "ulo/PalmDevice.h"
 
 namespace veld5 {
@@ -16,35 +15,21 @@ constexpr short kFormatGons = 2;
 }  // namespace
 
 CCECADDlgAngle::CCECADDlgAngle(CWnd* parent)
-    : CExDialog(CPalmDevice::SelectIdDlgStd(11040, 11041, 11042, 11043), parent) {
-    SetOkCancelIds(kIdOk, kIdCancel);
-}
+    : CExDialog(CPalmDevice::SelectIdDlgStd(11040, 11041, 11042, 11043), parent) {}
 
-BOOL CCECADDlgAngle::OnInitDialog() {
-    CExDialog::OnInitDialog();
-    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg AngleSystem");
+void CCECADDlgAngle::OnInitDialog() {
     // An index outside the two buttons leaves both unchecked.
-    const unsigned id = system_ == 0 ? kIdDegrees : system_ == 1 ? kIdGons : 0;
-    CheckRadioButton(kIdDegrees, kIdGons, id);
-    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
-    return TRUE;
+    const unsigned id = system_ == 0 ? ctl::Angle::kDegrees : system_ == 1 ? ctl::Angle::kGons : 0;
+    CheckRadioButton(ctl::Angle::kDegrees, ctl::Angle::kGons, id);
 }
 
 void CCECADDlgAngle::OnOK() {
-    const unsigned checked = GetCheckedRadioButton(kIdDegrees, kIdGons);
-    system_ = checked ? static_cast<int>(checked - kIdDegrees) : -1;
+    const unsigned checked = GetCheckedRadioButton(ctl::Angle::kDegrees, ctl::Angle::kGons);
+    system_ = checked ? static_cast<int>(checked - ctl::Angle::kDegrees) : -1;
     CExDialog::OnOK();
 }
 
-bool CCECADDlgAngle::OnCommand(unsigned id) {
-    if (id == ulo::ID_HELP)
-        return true;  // help comes only through the topic
-    return CExDialog::OnCommand(id);
-}
-
-bool RunAngleSystemDialog(CWnd* parent, CVELD& cad) {
-    CModuleResourceScope scope;
+bool RunDlgAngle(CWnd* parent, CVELD& cad) {
     // The command in progress ends and the selection goes, whatever the
     // user then decides.
     cad.stopExecute();
@@ -53,17 +38,19 @@ bool RunAngleSystemDialog(CWnd* parent, CVELD& cad) {
     double base = 0.0;
     bool clockwise = false;
     GetAngleSystem(&cad, format, base, clockwise);
-
-    CCECADDlgAngle dialog(parent);
-    // The dialog offers two systems: any stored one but degrees opens on gons.
-    dialog.SetSystemIndex(format == kFormatDegrees ? 0 : 1);
-    if (dialog.DoModal() != ulo::IDOK)
-        return false;
-    if (dialog.GetSystemIndex() == 0)
-        SetAngleSystem(&cad, kFormatDegrees, 0.0, false);
-    else
-        SetAngleSystem(&cad, kFormatGons, std::numbers::pi / 2, true);
-    return true;
+    const auto make = [&] {
+        auto dialog = std::make_unique<CCECADDlgAngle>(parent);
+        // The dialog offers two systems: any stored one but degrees opens on gons.
+        dialog->SetSystemIndex(format == kFormatDegrees ? 0 : 1);
+        return dialog;
+    };
+    const auto store = [&](const CCECADDlgAngle& dialog) {
+        if (dialog.GetSystemIndex() == 0)
+            SetAngleSystem(&cad, kFormatDegrees, 0.0, false);
+        else
+            SetAngleSystem(&cad, kFormatGons, std::numbers::pi / 2, true);
+    };
+    return RunDialog(make, store) == ulo::IDOK;
 }
 
 }  // namespace veld5

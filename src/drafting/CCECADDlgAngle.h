@@ -2,8 +2,8 @@
 // The angle system dialog: the user picks degrees (origin East,
 // counterclockwise) or gons (origin North, clockwise) for every angle the
 // dialogs show and read. The dialog only moves a choice index between the
-// caller and its two radio buttons; RunAngleSystemDialog applies it to the
-// CAD instance.
+// caller and its two radio buttons; RunDlgAngle applies it to the CAD
+// instance.
 #include "ulo/ctrl/Dialog.h"
 
 class CVELD;
@@ -19,13 +19,9 @@ public:
     void SetSystemIndex(int index) { system_ = index; }
     int GetSystemIndex() const { return system_; }
 
-    static constexpr unsigned kIdDegrees = 11123;
-    static constexpr unsigned kIdGons = 11124;
-
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnOK() override;
-    bool OnCommand(unsigned id) override;
 
 private:
     int system_ = -1;
@@ -35,6 +31,6 @@ private:
 /// lets the user choose; OK stores degrees (format 0, base 0, counterclockwise)
 /// for index 0 and gons (format 2, base pi/2, clockwise) for any other.
 /// True exactly when the dialog ended with OK.
-bool RunAngleSystemDialog(CWnd* parent, CVELD& cad);
+bool RunDlgAngle(CWnd* parent, CVELD& cad);
 
 }  // namespace veld5

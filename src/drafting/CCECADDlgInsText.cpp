@@ -7,11 +7,10 @@
 #include <vector>
 
 #include "app/VELD.h"
-#include "factory/Scopes.h"
+#include "factory/RunDialog.h"
 #include "res/StringIds.h"
-#include "shell/DialogIds.h"
+#include "res/templates/ControlIds.h"
 #include "shell/ResString.h"
-#include "ulo/HelpTopic.h"
 #include "ulo/NumberText.h"
 #include "ulo/PalmDevice.h"
 #include "ulo/Xlate.h"
@@ -40,9 +39,7 @@ constexpr double kPi = std::numbers::pi;
 CCECADDlgInsText::CCECADDlgInsText(const ulo::geom::PNT_3D& point, CVELD* cad, CWnd* parent)
     : CExDialog(CPalmDevice::SelectIdDlgStd(11024, 11025, 11026, 11027), parent),
       point_(point),
-      cad_(cad) {
-    SetOkCancelIds(kIdOk, kIdCancel);
-}
+      cad_(cad) {}
 
 CCECADDlgInsText::~CCECADDlgInsText() = default;
 
@@ -54,14 +51,9 @@ std::vector<veld::CEnt*> CCECADDlgInsText::GetTexts() const {
     return texts;
 }
 
-BOOL CCECADDlgInsText::OnInitDialog() {
-    CExDialog::OnInitDialog();
-    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg InsGrafText");
-    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
-
+void CCECADDlgInsText::OnInitDialog() {
     // The entry index is the alignment code.
-    auto* justify = GetDlgItem<CCEBaseKeybCombo>(kIdJustify);
+    auto* justify = GetDlgItem<CCEBaseKeybCombo>(ctl::InsText::kJustify);
     for (unsigned code = 0; code < kAlignments; ++code)
         justify->AddString(veld::TEXT_3D::GetAlignName(code).ToQString());
     justify->setCurrentIndex(0);
@@ -70,7 +62,7 @@ BOOL CCECADDlgInsText::OnInitDialog() {
     // the way. A current style missing from the list leaves no entry
     // selected (OK then uses the current style itself).
     const veld::CStyle* current = GetCurStyle(cad_);
-    auto* styles = GetDlgItem<CCEBaseKeybCombo>(kIdStyle);
+    auto* styles = GetDlgItem<CCEBaseKeybCombo>(ctl::InsText::kStyle);
     int selected = -1;
     veld::CData::CStyleIterator it(cad_->GetData(), false);
     while (veld::CStyle* style = it.GetNext()) {
@@ -82,15 +74,16 @@ BOOL CCECADDlgInsText::OnInitDialog() {
     styles->setCurrentIndex(selected);
 
     const IAngleConverter* angles = GetAngleConverter(cad_);
-    SetDlgItemText(kIdRotation, angles->RadAngleToString(0.0).ToQString());
+    SetDlgItemText(ctl::InsText::kRotation, angles->RadAngleToString(0.0).ToQString());
     if (current) {
         const double height =
             current->GetFixedHeight() != 0.0 ? current->GetFixedHeight() : current->GetLastHeight();
-        SetDlgItemText(kIdHeight, ulo::CStringDaDouble(height, 0, 3).ToQString());
-        SetDlgItemText(kIdWidth, ulo::CStringDaDouble(current->GetWidthScale(), 0, 3).ToQString());
-        SetDlgItemText(kIdSlant, angles->RadAngleToString(current->GetOblique()).ToQString());
+        SetDlgItemText(ctl::InsText::kHeight, ulo::CStringDaDouble(height, 0, 3).ToQString());
+        SetDlgItemText(ctl::InsText::kWidth,
+                       ulo::CStringDaDouble(current->GetWidthScale(), 0, 3).ToQString());
+        SetDlgItemText(ctl::InsText::kSlant,
+                       angles->RadAngleToString(current->GetOblique()).ToQString());
     }
-    return TRUE;
 }
 
 bool CCECADDlgInsText::ReadNumber(unsigned id, double& value) const {
@@ -111,20 +104,21 @@ void CCECADDlgInsText::Refuse(unsigned id, const ulo::WString& text, StringId ca
 
 void CCECADDlgInsText::OnOK() {
     double height = 0.0;
-    if (!ReadNumber(kIdHeight, height))
-        return Refuse(kIdHeight, LoadResString(ids::kInvalidValue), ids::kWarning);
+    if (!ReadNumber(ctl::InsText::kHeight, height))
+        return Refuse(ctl::InsText::kHeight, LoadResString(ids::kInvalidValue), ids::kWarning);
     if (!(height > 0.0))
-        return Refuse(kIdHeight, LoadResString(ids::kValueMustBePositive), ids::kWarning);
+        return Refuse(ctl::InsText::kHeight, LoadResString(ids::kValueMustBePositive),
+                      ids::kWarning);
 
     double widthFactor = 0.0;
-    if (!ReadNumber(kIdWidth, widthFactor))
-        return Refuse(kIdWidth, LoadResString(ids::kInvalidValue), ids::kWarning);
+    if (!ReadNumber(ctl::InsText::kWidth, widthFactor))
+        return Refuse(ctl::InsText::kWidth, LoadResString(ids::kInvalidValue), ids::kWarning);
     if (widthFactor < kMinWidthFactor || widthFactor > kMaxWidthFactor) {
         wchar_t low[64];
         wchar_t high[64];
         ArCharDaDouble(low, std::size(low), kMinWidthFactor, 0, 6);
         ArCharDaDouble(high, std::size(high), kMaxWidthFactor, 0, 6);
-        return Refuse(kIdWidth,
+        return Refuse(ctl::InsText::kWidth,
                       ulo::FormatMessage(ulo::WString(L"The value is not between {1} and {2}"),
                                          ulo::WString(low), ulo::WString(high)),
                       ids::kWarning);
@@ -132,28 +126,28 @@ void CCECADDlgInsText::OnOK() {
 
     const IAngleConverter* angles = GetAngleConverter(cad_);
     double slant = 0.0;
-    if (!ReadNumber(kIdSlant, slant))
-        return Refuse(kIdSlant, LoadResString(ids::kInvalidValue), ids::kWarning);
+    if (!ReadNumber(ctl::InsText::kSlant, slant))
+        return Refuse(ctl::InsText::kSlant, LoadResString(ids::kInvalidValue), ids::kWarning);
     slant = angles->UnitsToRadians(slant);
     if (slant > kPi)
         slant -= 2 * kPi;
     if (slant < -kMaxSlant || slant > kMaxSlant)
-        return Refuse(kIdSlant, LoadResString(ids::kSlantWithin85Degrees), ids::kError);
+        return Refuse(ctl::InsText::kSlant, LoadResString(ids::kSlantWithin85Degrees), ids::kError);
 
     double rotation = 0.0;
-    if (!ReadNumber(kIdRotation, rotation))
-        return Refuse(kIdRotation, LoadResString(ids::kInvalidValue), ids::kWarning);
+    if (!ReadNumber(ctl::InsText::kRotation, rotation))
+        return Refuse(ctl::InsText::kRotation, LoadResString(ids::kInvalidValue), ids::kWarning);
     rotation = angles->UnitsToRadians(rotation);
 
     // Lines stacked from a point far out may leave the coordinates a drawing
     // keeps: the height that spaces them is what to change.
     if (!MakeTexts(ChosenStyle(), height, widthFactor, slant, rotation))
-        return Refuse(kIdHeight, LoadResString(ids::kValueOutOfRange), ids::kWarning);
+        return Refuse(ctl::InsText::kHeight, LoadResString(ids::kValueOutOfRange), ids::kWarning);
     CExDialog::OnOK();
 }
 
 veld::CStyle* CCECADDlgInsText::ChosenStyle() const {
-    const auto* styles = GetDlgItem<CCEBaseKeybCombo>(kIdStyle);
+    const auto* styles = GetDlgItem<CCEBaseKeybCombo>(ctl::InsText::kStyle);
     const int index = styles->currentIndex();
     if (index >= 0)
         return styles->GetItemPtr<veld::CStyle>(index);
@@ -174,13 +168,13 @@ bool CCECADDlgInsText::MakeTexts(veld::CStyle* style, double height, double widt
     const double d1 = pitch * std::sin(rotation);
     const double d2 = -pitch * std::cos(rotation);
     const bool horizontal = !style || style->IsHoriz();
-    const unsigned short alignment =
-        static_cast<unsigned short>(GetDlgItem<CCEBaseKeybCombo>(kIdJustify)->currentIndex());
+    const unsigned short alignment = static_cast<unsigned short>(
+        GetDlgItem<CCEBaseKeybCombo>(ctl::InsText::kJustify)->currentIndex());
 
     texts_.clear();
     std::vector<std::pair<ulo::WString, ulo::geom::PNT_3D>> lines;
     ulo::geom::PNT_3D at = point_;
-    for (const unsigned id : {kIdLine1, kIdLine2, kIdLine3}) {
+    for (const unsigned id : {ctl::InsText::kLine1, ctl::InsText::kLine2, ctl::InsText::kLine3}) {
         const ulo::WString line = ulo::WString::FromQString(GetDlgItemText(id));
         if (line.Length() == 0)
             continue;  // an empty line leaves no gap
@@ -206,24 +200,17 @@ bool CCECADDlgInsText::MakeTexts(veld::CStyle* style, double height, double widt
     return true;
 }
 
-bool CCECADDlgInsText::OnCommand(unsigned id) {
-    if (id == ulo::ID_HELP)
-        return true;  // help comes only through the topic
-    return CExDialog::OnCommand(id);
-}
-
-void RunInsTextDialog(CWnd* parent, CVELD& cad, const ulo::geom::PNT_3D& point,
-                      veld::CEntCollection& ents) {
+void RunDlgInsText(CWnd* parent, CVELD& cad, const ulo::geom::PNT_3D& point,
+                   veld::CEntCollection& ents) {
     // The caller gets only the texts of this call, whatever the outcome.
     ents.RemoveAllEnts();
-    CModuleResourceScope scope;
-    CCECADDlgInsText dialog(point, &cad, parent);
-    if (dialog.DoModal() != ulo::IDOK)
-        return;
-    const std::vector<veld::CEnt*> texts = dialog.GetTexts();
-    ents.Reserve(static_cast<unsigned>(texts.size()));
-    for (veld::CEnt* text : texts)
-        ents.AddEnt(text);
+    RunDialog([&] { return std::make_unique<CCECADDlgInsText>(point, &cad, parent); },
+              [&](const CCECADDlgInsText& dialog) {
+                  const std::vector<veld::CEnt*> texts = dialog.GetTexts();
+                  ents.Reserve(static_cast<unsigned>(texts.size()));
+                  for (veld::CEnt* text : texts)
+                      ents.AddEnt(text);
+              });
 }
 
 }  // namespace veld5

@@ -31,20 +31,9 @@ public:
     /// each until it is destroyed: a caller that keeps them takes its own.
     std::vector<veld::CEnt*> GetTexts() const;
 
-    static constexpr unsigned kIdLine1 = 11139;
-    static constexpr unsigned kIdLine2 = 11146;
-    static constexpr unsigned kIdLine3 = 11147;
-    static constexpr unsigned kIdHeight = 11140;
-    static constexpr unsigned kIdSlant = 11141;
-    static constexpr unsigned kIdRotation = 11142;
-    static constexpr unsigned kIdWidth = 11143;
-    static constexpr unsigned kIdJustify = 11144;
-    static constexpr unsigned kIdStyle = 11145;
-
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnOK() override;
-    bool OnCommand(unsigned id) override;
 
 private:
     /// The number typed in edit @p id; false when the text holds none.
@@ -65,7 +54,7 @@ private:
 
 /// ShowDlgInsText: empties @p ents, runs the dialog and, after OK, appends
 /// the texts it made, in their order.
-void RunInsTextDialog(CWnd* parent, CVELD& cad, const ulo::geom::PNT_3D& point,
-                      veld::CEntCollection& ents);
+void RunDlgInsText(CWnd* parent, CVELD& cad, const ulo::geom::PNT_3D& point,
+                   veld::CEntCollection& ents);
 
 }  // namespace veld5

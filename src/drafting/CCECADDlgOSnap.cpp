@@ -3,21 +3,21 @@
 #include <array>
 
 #include "app/VELD.h"
-#include "factory/Scopes.h"
+#include "factory/RunDialog.h"
 #include "res/StringIds.h"
-#include "shell/DialogIds.h"
+#include "res/templates/ControlIds.h"
 #include "shell/ResString.h"
-#include "ulo/HelpTopic.h"
 #include "ulo/PalmDevice.h"
 
 namespace veld5 {
 
 namespace {
 
-/// The check boxes 1138 to 1147 and the mask bit of each, in id order.
-constexpr unsigned kIdFirstType = 1138;
+/// The check boxes kEndPoints to kNear and the mask bit of each, in id order.
+constexpr unsigned kIdFirstType = ctl::OSnap::kEndPoints;
 constexpr std::array<unsigned, 10> kTypeBits = {0x001, 0x002, 0x004, 0x010, 0x020,
                                                 0x040, 0x080, 0x100, 0x200, 0x400};
+static_assert(ctl::OSnap::kNear == kIdFirstType + kTypeBits.size() - 1);
 
 bool IsTypeBox(unsigned id) {
     return id >= kIdFirstType && id < kIdFirstType + kTypeBits.size();
@@ -28,38 +28,31 @@ bool IsTypeBox(unsigned id) {
 CCECADDlgOSnap::CCECADDlgOSnap(CVELD& cad, CWnd* parent)
     : CExDialog(CPalmDevice::SelectIdDlgStd(11060, 11061, 11062, 11063), parent),
       mask_(cad.GetOSnapperMask()),
-      on_(cad.IsOSnapperOn()) {
-    SetOkCancelIds(kIdOk, kIdCancel);
-}
+      on_(cad.IsOSnapperOn()) {}
 
-BOOL CCECADDlgOSnap::OnInitDialog() {
-    if (!CExDialog::OnInitDialog())
-        return FALSE;
-    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg SelTypeSnap");
-    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
-
-    const unsigned mode = !on_ ? kIdFree : (mask_ & kMaskCoordInput) ? kIdCoordInput : kIdSnap;
-    CheckRadioButton(kIdFree, kIdSnap, mode);
+void CCECADDlgOSnap::OnInitDialog() {
+    const unsigned mode = !on_                        ? ctl::OSnap::kFree
+                          : (mask_ & kMaskCoordInput) ? ctl::OSnap::kCoordInput
+                                                      : ctl::OSnap::kSnap;
+    CheckRadioButton(ctl::OSnap::kFree, ctl::OSnap::kSnap, mode);
     ApplyMode(mode);
     for (std::size_t i = 0; i < kTypeBits.size(); ++i)
         CheckDlgButton(kIdFirstType + static_cast<unsigned>(i), (mask_ & kTypeBits[i]) != 0);
-    return TRUE;
 }
 
 void CCECADDlgOSnap::ApplyMode(unsigned radioId) {
     switch (radioId) {
-        case kIdFree:
+        case ctl::OSnap::kFree:
             // The mask is kept, so that going back to "Snap" restores the choice.
             on_ = false;
             EnableSnapTypes(false);
             break;
-        case kIdCoordInput:
+        case ctl::OSnap::kCoordInput:
             mask_ |= kMaskCoordInput;
             on_ = true;
             EnableSnapTypes(false);
             break;
-        case kIdSnap:
+        case ctl::OSnap::kSnap:
             EnableSnapTypes(true);
             mask_ &= ~kMaskCoordInput;
             on_ = true;
@@ -83,7 +76,7 @@ unsigned CCECADDlgOSnap::MaskFromCheckBoxes() const {
 }
 
 bool CCECADDlgOSnap::OnCommand(unsigned id) {
-    if (id >= kIdFree && id <= kIdSnap) {
+    if (id >= ctl::OSnap::kFree && id <= ctl::OSnap::kSnap) {
         ApplyMode(id);
         return true;
     }
@@ -105,10 +98,10 @@ void CCECADDlgOSnap::OnOK() {
 }
 
 void RunDlgOSnap(CVELD& cad) {
-    CModuleResourceScope scope;
-    CCECADDlgOSnap dialog(cad);
-    if (dialog.DoModal() == ulo::IDOK)
-        cad.SetOSnapper(dialog.IsOSnapperOn(), dialog.GetOSnapperMask());
+    RunDialog([&] { return std::make_unique<CCECADDlgOSnap>(cad); },
+              [&](const CCECADDlgOSnap& dialog) {
+                  cad.SetOSnapper(dialog.IsOSnapperOn(), dialog.GetOSnapperMask());
+              });
 }
 
 }  // namespace veld5

@@ -21,15 +21,11 @@ public:
     unsigned GetOSnapperMask() const { return mask_; }
 
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnOK() override;
     bool OnCommand(unsigned id) override;
 
 private:
-    static constexpr unsigned kIdFree = 1135;
-    static constexpr unsigned kIdCoordInput = 1136;
-    static constexpr unsigned kIdSnap = 1137;
-
     void ApplyMode(unsigned radioId);
     void EnableSnapTypes(bool enable);
     unsigned MaskFromCheckBoxes() const;

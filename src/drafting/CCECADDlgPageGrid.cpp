@@ -1,13 +1,11 @@
 #include "CCECADDlgPageGrid.h"
 
-#include "ulo/HelpTopic.h"
 #include "ulo/NumberText.h"
 #include "ulo/PalmDevice.h"
 
 namespace veld5 {
 
 namespace {
-constexpr const wchar_t* kHelpTopic = L"QuadraCE.htm#Dlg OpzGrid";
 constexpr int kFree = 0;
 constexpr int kFromSnap = 1;
 }  // namespace
@@ -15,21 +13,14 @@ constexpr int kFromSnap = 1;
 CCECADDlgPageGrid::CCECADDlgPageGrid(CCECADDlgSnapGridCont* container)
     : CGridSnapPage(CPalmDevice::SelectIdDlgStd(11084, 11085, 11086, 11087), container) {}
 
-BOOL CCECADDlgPageGrid::OnInitDialog() {
-    CGridSnapPage::OnInitDialog();
-    ulo::SetHelpTopic(kHelpTopic);
-    return TRUE;
-}
-
-void CCECADDlgPageGrid::SetActive() {
-    ulo::SetHelpTopic(kHelpTopic);
+void CCECADDlgPageGrid::OnSetActive() {
     const CGrid& grid = Grid();
     const bool snapOn = grid.IsSnapActive();
     double east, north;
     grid.GetGrid(east, north);
     ShowNumber(intervalNorthField_, north);
     ShowNumber(intervalEastField_, east);
-    CheckDlgButton(kIdEnable, grid.IsGridActive());
+    CheckDlgButton(ctl::GridPage::kEnable, grid.IsGridActive());
     const bool ownIntervals = east > 0 && north > 0;
     // Only a grid that follows the snap, with the snap on, opens on "From snap".
     Select(!snapOn || ownIntervals ? kFree : kFromSnap);
@@ -41,7 +32,8 @@ void CCECADDlgPageGrid::SetActive() {
 
 void CCECADDlgPageGrid::Select(int choice) {
     choice_ = choice;
-    CheckRadioButton(kIdFree, kIdFromSnap, choice == kFree ? kIdFree : kIdFromSnap);
+    CheckRadioButton(ctl::GridPage::kFree, ctl::GridPage::kFromSnap,
+                     choice == kFree ? ctl::GridPage::kFree : ctl::GridPage::kFromSnap);
 }
 
 void CCECADDlgPageGrid::SelectFree() {
@@ -49,8 +41,8 @@ void CCECADDlgPageGrid::SelectFree() {
     const QString text = CStringDaDouble(10.0, 0, 3).ToQString();
     ShowText(intervalNorthField_, text);
     ShowText(intervalEastField_, text);
-    EnableDlgItem(kIdIntervalNorth, true);
-    EnableDlgItem(kIdIntervalEast, true);
+    EnableDlgItem(ctl::GridPage::kIntervalNorth, true);
+    EnableDlgItem(ctl::GridPage::kIntervalEast, true);
 }
 
 void CCECADDlgPageGrid::SelectFromSnap() {
@@ -58,32 +50,32 @@ void CCECADDlgPageGrid::SelectFromSnap() {
     const QString text = CStringDaDouble(0.0, 0, 3).ToQString();
     ShowText(intervalNorthField_, text);
     ShowText(intervalEastField_, text);
-    EnableDlgItem(kIdIntervalNorth, false);
-    EnableDlgItem(kIdIntervalEast, false);
+    EnableDlgItem(ctl::GridPage::kIntervalNorth, false);
+    EnableDlgItem(ctl::GridPage::kIntervalEast, false);
 }
 
 void CCECADDlgPageGrid::EnableFields() {
-    const bool on = IsDlgButtonChecked(kIdEnable);
-    EnableDlgItem(kIdFree, on);
-    EnableDlgItem(kIdFromSnap, on && Grid().IsSnapActive());
-    EnableDlgItem(kIdIntervalNorth, on && choice_ == kFree);
-    EnableDlgItem(kIdIntervalEast, on && choice_ == kFree);
+    const bool on = IsDlgButtonChecked(ctl::GridPage::kEnable);
+    EnableDlgItem(ctl::GridPage::kFree, on);
+    EnableDlgItem(ctl::GridPage::kFromSnap, on && Grid().IsSnapActive());
+    EnableDlgItem(ctl::GridPage::kIntervalNorth, on && choice_ == kFree);
+    EnableDlgItem(ctl::GridPage::kIntervalEast, on && choice_ == kFree);
 }
 
 bool CCECADDlgPageGrid::OnCommand(unsigned id) {
-    if (id == kIdEnable) {
+    if (id == ctl::GridPage::kEnable) {
         EnableFields();
         return true;
     }
     // A click on the choice already made keeps the intervals typed.
-    if (id == kIdFree) {
+    if (id == ctl::GridPage::kFree) {
         if (choice_ != kFree)
             SelectFree();
         else
             Select(kFree);
         return true;
     }
-    if (id == kIdFromSnap) {
+    if (id == ctl::GridPage::kFromSnap) {
         if (choice_ != kFromSnap)
             SelectFromSnap();
         else
@@ -94,7 +86,7 @@ bool CCECADDlgPageGrid::OnCommand(unsigned id) {
 }
 
 bool CCECADDlgPageGrid::WriteToGrid() {
-    const bool on = IsDlgButtonChecked(kIdEnable);
+    const bool on = IsDlgButtonChecked(ctl::GridPage::kEnable);
     if (choice_ == kFromSnap) {
         // A grid that follows the snap stays switched off while "Enable Grid"
         // is cleared, and follows the snap again once it is switched on.
@@ -106,8 +98,8 @@ bool CCECADDlgPageGrid::WriteToGrid() {
         return true;
     }
     double east = 0, north = 0;
-    if (!ReadNumber(intervalEastField_, Range::Interval, kIdEnable, east) ||
-        !ReadNumber(intervalNorthField_, Range::Interval, kIdEnable, north))
+    if (!ReadNumber(intervalEastField_, Range::Interval, ctl::GridPage::kEnable, east) ||
+        !ReadNumber(intervalNorthField_, Range::Interval, ctl::GridPage::kEnable, north))
         return false;
     intervalEast_ = east;
     intervalNorth_ = north;

@@ -10,17 +10,10 @@ class CCECADDlgPageGrid : public CGridSnapPage {
 public:
     explicit CCECADDlgPageGrid(CCECADDlgSnapGridCont* container);
 
-    void SetActive() override;
     bool WriteToGrid() override;
 
-    static constexpr unsigned kIdEnable = 11168;
-    static constexpr unsigned kIdFree = 11164;
-    static constexpr unsigned kIdFromSnap = 11166;
-    static constexpr unsigned kIdIntervalNorth = 11170;
-    static constexpr unsigned kIdIntervalEast = 11171;
-
 protected:
-    BOOL OnInitDialog() override;
+    void OnSetActive() override;
     bool OnCommand(unsigned id) override;
 
 private:
@@ -36,8 +29,8 @@ private:
     double intervalNorth_ = 0.0;
     int choice_ = -1;
 
-    NumberField intervalEastField_{kIdIntervalEast, 3};
-    NumberField intervalNorthField_{kIdIntervalNorth, 3};
+    NumberField intervalEastField_{ctl::GridPage::kIntervalEast, 3};
+    NumberField intervalNorthField_{ctl::GridPage::kIntervalNorth, 3};
 };
 
 }  // namespace veld5

@@ -1,26 +1,13 @@
 #include "CCECADDlgPageSnap.h"
 
-#include "ulo/HelpTopic.h"
 #include "ulo/PalmDevice.h"
 
 namespace veld5 {
 
-namespace {
-constexpr const wchar_t* kHelpTopic = L"QuadraCE.htm#Dlg OpzSnap";
-}
-
 CCECADDlgPageSnap::CCECADDlgPageSnap(CCECADDlgSnapGridCont* container)
     : CGridSnapPage(CPalmDevice::SelectIdDlgStd(11088, 11089, 11090, 11091), container) {}
 
-BOOL CCECADDlgPageSnap::OnInitDialog() {
-    CGridSnapPage::OnInitDialog();
-    ulo::SetHelpTopic(kHelpTopic);
-    return TRUE;
-}
-
-void CCECADDlgPageSnap::SetActive() {
-    // Help follows the page in front, also when the user comes back to it.
-    ulo::SetHelpTopic(kHelpTopic);
+void CCECADDlgPageSnap::OnSetActive() {
     double baseEast, baseNorth, intervalEast, intervalNorth, angle;
     Grid().GetSnap(baseEast, baseNorth, intervalEast, intervalNorth, angle);
     ShowNumber(intervalEastField_, intervalEast);
@@ -28,18 +15,19 @@ void CCECADDlgPageSnap::SetActive() {
     ShowNumber(baseEastField_, baseEast);
     ShowNumber(baseNorthField_, baseNorth);
     ShowNumber(angleField_, angle);
-    CheckDlgButton(kIdEnable, Grid().IsSnapActive());
+    CheckDlgButton(ctl::SnapPage::kEnable, Grid().IsSnapActive());
     EnableFields();
 }
 
 void CCECADDlgPageSnap::EnableFields() {
-    const bool on = IsDlgButtonChecked(kIdEnable);
-    for (unsigned id : {kIdIntervalEast, kIdIntervalNorth, kIdAngle, kIdBaseNorth, kIdBaseEast})
+    const bool on = IsDlgButtonChecked(ctl::SnapPage::kEnable);
+    for (unsigned id : {ctl::SnapPage::kIntervalEast, ctl::SnapPage::kIntervalNorth,
+                        ctl::SnapPage::kAngle, ctl::SnapPage::kBaseNorth, ctl::SnapPage::kBaseEast})
         EnableDlgItem(id, on);
 }
 
 bool CCECADDlgPageSnap::OnCommand(unsigned id) {
-    if (id == kIdEnable) {
+    if (id == ctl::SnapPage::kEnable) {
         EnableFields();
         return true;
     }
@@ -50,18 +38,18 @@ bool CCECADDlgPageSnap::WriteToGrid() {
     // Read in the order of the page's data; the first field refused is the
     // one the user is sent to, and nothing reaches the grid.
     double angle = 0, baseEast = 0, baseNorth = 0, intervalEast = 0, intervalNorth = 0;
-    if (!ReadNumber(angleField_, Range::Any, kIdEnable, angle) ||
-        !ReadNumber(baseEastField_, Range::Any, kIdEnable, baseEast) ||
-        !ReadNumber(baseNorthField_, Range::Any, kIdEnable, baseNorth) ||
-        !ReadNumber(intervalEastField_, Range::Interval, kIdEnable, intervalEast) ||
-        !ReadNumber(intervalNorthField_, Range::Interval, kIdEnable, intervalNorth))
+    if (!ReadNumber(angleField_, Range::Any, ctl::SnapPage::kEnable, angle) ||
+        !ReadNumber(baseEastField_, Range::Any, ctl::SnapPage::kEnable, baseEast) ||
+        !ReadNumber(baseNorthField_, Range::Any, ctl::SnapPage::kEnable, baseNorth) ||
+        !ReadNumber(intervalEastField_, Range::Interval, ctl::SnapPage::kEnable, intervalEast) ||
+        !ReadNumber(intervalNorthField_, Range::Interval, ctl::SnapPage::kEnable, intervalNorth))
         return false;
     angle_ = angle;
     baseEast_ = baseEast;
     baseNorth_ = baseNorth;
     intervalEast_ = intervalEast;
     intervalNorth_ = intervalNorth;
-    Grid().SetSnap(IsDlgButtonChecked(kIdEnable), baseEast_, baseNorth_, intervalEast_,
+    Grid().SetSnap(IsDlgButtonChecked(ctl::SnapPage::kEnable), baseEast_, baseNorth_, intervalEast_,
                    intervalNorth_, angle_);
     return true;
 }

@@ -10,18 +10,10 @@ class CCECADDlgPageSnap : public CGridSnapPage {
 public:
     explicit CCECADDlgPageSnap(CCECADDlgSnapGridCont* container);
 
-    void SetActive() override;
     bool WriteToGrid() override;
 
-    static constexpr unsigned kIdEnable = 11161;
-    static constexpr unsigned kIdIntervalNorth = 11162;
-    static constexpr unsigned kIdBaseNorth = 11163;
-    static constexpr unsigned kIdIntervalEast = 11165;
-    static constexpr unsigned kIdAngle = 11167;
-    static constexpr unsigned kIdBaseEast = 11169;
-
 protected:
-    BOOL OnInitDialog() override;
+    void OnSetActive() override;
     bool OnCommand(unsigned id) override;
 
 private:
@@ -35,11 +27,11 @@ private:
     double intervalEast_ = 0.0;
     double intervalNorth_ = 0.0;
 
-    NumberField angleField_{kIdAngle, 4};
-    NumberField baseEastField_{kIdBaseEast, 3};
-    NumberField baseNorthField_{kIdBaseNorth, 3};
-    NumberField intervalEastField_{kIdIntervalEast, 3};
-    NumberField intervalNorthField_{kIdIntervalNorth, 3};
+    NumberField angleField_{ctl::SnapPage::kAngle, 4};
+    NumberField baseEastField_{ctl::SnapPage::kBaseEast, 3};
+    NumberField baseNorthField_{ctl::SnapPage::kBaseNorth, 3};
+    NumberField intervalEastField_{ctl::SnapPage::kIntervalEast, 3};
+    NumberField intervalNorthField_{ctl::SnapPage::kIntervalNorth, 3};
 };
 
 }  // namespace veld5

@@ -5,11 +5,10 @@
 #include <string>
 #include <utility>
 
-#include "factory/Scopes.h"
+#include "factory/RunDialog.h"
 #include "res/StringIds.h"
-#include "shell/DialogIds.h"
+#include "res/templates/ControlIds.h"
 #include "shell/ResString.h"
-#include "ulo/HelpTopic.h"
 #include "ulo/PalmDevice.h"
 #include "ulo/Xlate.h"
 #include "ulo/ctrl/FieldInput.h"
@@ -17,9 +16,7 @@
 namespace veld5 {
 
 CCECADDlgSnap::CCECADDlgSnap(CWnd* parent)
-    : CExDialog(CPalmDevice::SelectIdDlgStd(11072, 11073, 11074, 11075), parent) {
-    SetOkCancelIds(kIdOk, kIdCancel);
-}
+    : CExDialog(CPalmDevice::SelectIdDlgStd(11072, 11073, 11074, 11075), parent) {}
 
 double CCECADDlgSnap::ReadField(const QString& text) {
     if (text.isEmpty())
@@ -28,24 +25,21 @@ double CCECADDlgSnap::ReadField(const QString& text) {
     return ulo::ReadNumberField(text, ulo::FieldRule::Leading).value + 0.0;
 }
 
-BOOL CCECADDlgSnap::OnInitDialog() {
-    if (!CExDialog::OnInitDialog())
-        return FALSE;
-    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg InsGrafCoord");
-    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
+void CCECADDlgSnap::OnInitDialog() {
     // No previous point is shown: every entry starts from blank fields.
-    for (const unsigned id : {kIdEast, kIdNorth, kIdElevation})
+    for (const unsigned id :
+         {ctl::SnapPoint::kEast, ctl::SnapPoint::kNorth, ctl::SnapPoint::kElevation})
         SetDlgItemText(id, QString());
-    return TRUE;
 }
 
 void CCECADDlgSnap::OnOK() {
-    elevation_ = ReadField(GetDlgItemText(kIdElevation));
-    north_ = ReadField(GetDlgItemText(kIdNorth));
-    east_ = ReadField(GetDlgItemText(kIdEast));
+    elevation_ = ReadField(GetDlgItemText(ctl::SnapPoint::kElevation));
+    north_ = ReadField(GetDlgItemText(ctl::SnapPoint::kNorth));
+    east_ = ReadField(GetDlgItemText(ctl::SnapPoint::kEast));
     const std::array<std::pair<unsigned, double>, 3> fields = {
-        {{kIdEast, east_}, {kIdNorth, north_}, {kIdElevation, elevation_}}};
+        {{ctl::SnapPoint::kEast, east_},
+         {ctl::SnapPoint::kNorth, north_},
+         {ctl::SnapPoint::kElevation, elevation_}}};
 
     // An empty field, a value of 1e100 or more, +inf and NaN: a beep alone.
     for (const auto& [id, value] : fields) {
@@ -81,13 +75,9 @@ QString CCECADDlgSnap::FieldLabel(unsigned id) const {
     return ulo::Xlate(ulo::WString(label)).ToQString();
 }
 
-bool RunDlgSnapInsertPnt(CWnd* parent, ulo::geom::PNT_3D& point) {
-    CModuleResourceScope scope;
-    CCECADDlgSnap dialog(parent);
-    if (dialog.DoModal() != ulo::IDOK)
-        return false;
-    point = dialog.GetPoint();
-    return true;
+bool RunDlSnapInsertPnt(CWnd* parent, ulo::geom::PNT_3D& point) {
+    return RunDialog([&] { return std::make_unique<CCECADDlgSnap>(parent); },
+                     [&](const CCECADDlgSnap& dialog) { point = dialog.GetPoint(); }) == ulo::IDOK;
 }
 
 }  // namespace veld5

@@ -24,14 +24,10 @@ public:
     static double ReadField(const QString& text);
 
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnOK() override;
 
 private:
-    static constexpr unsigned kIdEast = 11185;
-    static constexpr unsigned kIdNorth = 11186;
-    static constexpr unsigned kIdElevation = 11188;
-
     /// The label the template puts before the edit @p id ("East :").
     QString FieldLabel(unsigned id) const;
 
@@ -42,6 +38,6 @@ private:
 
 /// The factory's ShowDlSnapInsertPnt: after OK @p point receives the point
 /// entered and the result is true; otherwise @p point is left as it was.
-bool RunDlgSnapInsertPnt(CWnd* parent, ulo::geom::PNT_3D& point);
+bool RunDlSnapInsertPnt(CWnd* parent, ulo::geom::PNT_3D& point);
 
 }  // namespace veld5

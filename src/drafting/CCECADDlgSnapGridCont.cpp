@@ -10,10 +10,10 @@
 #include "app/Grid.h"
 #include "app/VELD.h"
 #include "app/view/VELDView.h"
-#include "factory/Scopes.h"
+#include "factory/RunDialog.h"
 #include "res/StringIds.h"
+#include "res/templates/ControlIds.h"
 #include "shell/CGridSnapCmdExecuted.h"
-#include "shell/DialogIds.h"
 #include "shell/ResString.h"
 #include "ulo/NumberText.h"
 #include "ulo/PalmDevice.h"
@@ -103,17 +103,15 @@ bool CGridSnapPage::ReadNumber(const NumberField& field, Range range, unsigned e
 }
 
 bool CGridSnapPage::OnCommand(unsigned id) {
-    if (id == ulo::ID_HELP)
-        return true;  // help comes only through the topic
     if (id == GetOkId()) {
-        container_->SendCommand(kIdOk);
+        container_->SendCommand(container_->GetOkId());
         return true;
     }
     if (id == GetCancelId()) {
-        container_->SendCommand(kIdCancel);
+        container_->SendCommand(container_->GetCancelId());
         return true;
     }
-    return false;
+    return CExDialog::OnCommand(id);
 }
 
 // --------------------------------------------------------------- container
@@ -122,16 +120,14 @@ CCECADDlgSnapGridCont::CCECADDlgSnapGridCont(CWnd* parent)
     : CExDialog(CPalmDevice::SelectIdDlgStd(11020, 11021, 11022, 11023), parent),
       view_(qobject_cast<CVELDView*>(parent)),
       grid_(view_ ? &GetViewGridForEdit(view_) : &spare_) {
-    SetOkCancelIds(kIdOk, kIdCancel);
     memento_ = ulo::RefPtr<ulo::IMemento>::Adopt(grid_->CreateMemento());
     cmdMemento_ = ulo::RefPtr<ulo::IMemento>::Adopt(grid_->CreateMemento());
 }
 
 CCECADDlgSnapGridCont::~CCECADDlgSnapGridCont() = default;
 
-BOOL CCECADDlgSnapGridCont::OnInitDialog() {
-    CExDialog::OnInitDialog();
-    tabs_ = GetDlgItem<QTabBar>(kIdTabs);
+void CCECADDlgSnapGridCont::OnInitDialog() {
+    tabs_ = GetDlgItem<QTabBar>(ctl::GridSnap::kTabs);
     if (tabs_) {
         tabs_->addTab(LoadResString(ids::kTabSnap).ToQString());
         tabs_->addTab(LoadResString(ids::kTabGrid).ToQString());
@@ -142,9 +138,6 @@ BOOL CCECADDlgSnapGridCont::OnInitDialog() {
     ShowPage(0);
     if (tabs_)
         connect(tabs_, &QTabBar::currentChanged, this, &CCECADDlgSnapGridCont::TabChanged);
-    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
-    return TRUE;
 }
 
 void CCECADDlgSnapGridCont::TabChanged(int index) {
@@ -174,7 +167,7 @@ bool CCECADDlgSnapGridCont::ShowPage(int index) {
     CGridSnapPage* page = index == 0 ? static_cast<CGridSnapPage*>(snapPage_.get())
                                      : static_cast<CGridSnapPage*>(gridPage_.get());
     if (!page->IsBuilt()) {
-        const QWidget* area = GetDlgItem(kIdPageArea);
+        const QWidget* area = GetDlgItem(ctl::GridSnap::kPageArea);
         const QRect r = area ? area->geometry() : GetClientRect();
         page->SetWindowedMode(true, true, r.left(), r.top(), r.width(), r.height());
         const unsigned id = index == 0 ? CPalmDevice::SelectIdDlgStd(11088, 11089, 11090, 11091)
@@ -215,12 +208,10 @@ void CCECADDlgSnapGridCont::OnCancel() {
     CExDialog::OnCancel();
 }
 
-bool ShowGridSnapDialog(CWnd* parent) {
+bool RunDlgGridProp(CWnd* parent) {
     if (!qobject_cast<CVELDView*>(parent))
         return false;
-    CModuleResourceScope scope;
-    CCECADDlgSnapGridCont dialog(parent);
-    return dialog.DoModal() == ulo::IDOK;
+    return RunDialog([&] { return std::make_unique<CCECADDlgSnapGridCont>(parent); }) == ulo::IDOK;
 }
 
 }  // namespace veld5

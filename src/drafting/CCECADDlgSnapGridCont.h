@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "app/Grid.h"
+#include "res/templates/ControlIds.h"
 #include "ulo/Memento.h"
 #include "ulo/ctrl/Dialog.h"
 
@@ -22,8 +23,9 @@ class CCECADDlgPageSnap;
 class CCECADDlgPageGrid;
 class CCECADDlgSnapGridCont;
 
-/// A page of the container. SetActive fills it from the grid; KillActive
-/// (and WriteToGrid, which tells the container how it went) writes it back.
+/// A page of the container. SetActive fills it from the grid (OnSetActive);
+/// KillActive (and WriteToGrid, which tells the container how it went)
+/// writes it back.
 class CGridSnapPage : public CExDialog {
     Q_OBJECT
 public:
@@ -54,7 +56,7 @@ protected:
     /// shown, the focus goes into the field (onto @p enabler while the field
     /// is disabled) and the result is false.
     bool ReadNumber(const NumberField& field, Range range, unsigned enabler, double& value);
-    /// Return and Escape in a page act on the container; help answers nothing.
+    /// Return and Escape in a page act on the container.
     bool OnCommand(unsigned id) override;
 
     CCECADDlgSnapGridCont* container_;
@@ -69,11 +71,8 @@ public:
 
     CGrid& GetGrid() const { return *grid_; }
 
-    static constexpr unsigned kIdTabs = 11172;
-    static constexpr unsigned kIdPageArea = 11173;
-
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnOK() override;
     void OnCancel() override;
 
@@ -100,6 +99,6 @@ private:
 
 /// Runs the dialog on the grid of @p parent, a CVELDView; true when it ended
 /// with OK. Without a view there is no grid to edit: nothing is shown.
-bool ShowGridSnapDialog(CWnd* parent);
+bool RunDlgGridProp(CWnd* parent);
 
 }  // namespace veld5

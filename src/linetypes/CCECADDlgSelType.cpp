@@ -6,6 +6,7 @@
 #include "CVELDLtypeList.h"
 #include "app/VELD.h"
 #include "res/StringIds.h"
+#include "res/templates/ControlIds.h"
 #include "shell/ResString.h"
 #include "ulo/PalmDevice.h"
 #include "veld/Data.h"
@@ -13,24 +14,18 @@
 namespace veld5 {
 
 CCECADDlgSelType::CCECADDlgSelType(CWnd* parent, CVELD* cad)
-    : CExDialog(CPalmDevice::SelectIdDlgStd(11092, 11093, 11094, 11095), parent), cad_(cad) {
-    SetOkCancelIds(kIdOk, kIdCancel);
-}
+    : CExDialog(CPalmDevice::SelectIdDlgStd(11092, 11093, 11094, 11095), parent), cad_(cad) {}
 
 CCECADDlgSelType::~CCECADDlgSelType() = default;
 
 QWidget* CCECADDlgSelType::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) {
-    if (ctrl.id != kIdList)
+    if (ctrl.id != ctl::SelType::kList)
         return nullptr;
     list_ = new CVELDLtypeList(cad_, parent);
     return list_;
 }
 
-BOOL CCECADDlgSelType::OnInitDialog() {
-    CExDialog::OnInitDialog();
-    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
-
+void CCECADDlgSelType::OnInitDialog() {
     list_->SetCurLtypeMark(preset_);
     list_->SetRowHeight(CVELDLtypeList::DefaultRowHeight(list_->font()));
     // A third each of the room inside the frame beside a vertical scroll bar:
@@ -50,7 +45,6 @@ BOOL CCECADDlgSelType::OnInitDialog() {
     list_->SetLtypes(rows);
     list_->SelectLtype(preset_);
     list_->setFocus(Qt::OtherFocusReason);
-    return TRUE;
 }
 
 void CCECADDlgSelType::OnOK() {

@@ -33,12 +33,8 @@ public:
     /// table; no reference is taken for the caller.
     veld::CLtype* GetChosenLtype() const { return chosen_; }
 
-    static constexpr unsigned kIdOk = 1163;
-    static constexpr unsigned kIdCancel = 1164;
-    static constexpr unsigned kIdList = 11203;
-
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnOK() override;
     QWidget* CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) override;
 

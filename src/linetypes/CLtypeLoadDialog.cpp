@@ -7,8 +7,8 @@
 
 #include "app/VELD.h"
 #include "res/StringIds.h"
+#include "res/templates/ControlIds.h"
 #include "shell/ResString.h"
-#include "ulo/HelpTopic.h"
 #include "ulo/PalmDevice.h"
 #include "ulo/SpecialFolder.h"
 #include "ulo/Xlate.h"
@@ -47,20 +47,16 @@ veld::CLtype* CLtypeLoadDialog::GetNewLtypeNo(unsigned index) const {
 }
 
 QWidget* CLtypeLoadDialog::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) {
-    if (ctrl.id != kIdGrid)
+    if (ctrl.id != ctl::LtypeLoad::kGrid)
         return nullptr;
     grid_ = std::make_unique<CCEMSGridCtrl>(0, 3, parent);
     return grid_.get();
 }
 
-BOOL CLtypeLoadDialog::OnInitDialog() {
-    CExDialog::OnInitDialog();
-    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg LoadTipoLinea");
-    GetDlgItem<CColButton>(ulo::IDOK)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(ulo::IDCANCEL)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(kIdFile)->SetBtnColor(2, 2);
+void CLtypeLoadDialog::OnInitDialog() {
+    GetDlgItem<CColButton>(ctl::LtypeLoad::kFile)->SetBtnColor(2, 2);
 
-    if (QWidget* placeholder = GetDlgItem(kIdPlaceholder))
+    if (QWidget* placeholder = GetDlgItem(ctl::LtypeLoad::kPlaceholder))
         grid_->setGeometry(placeholder->geometry());
     grid_->SetAutoAddRows(false);
     grid_->setWordWrap(false);
@@ -94,11 +90,10 @@ BOOL CLtypeLoadDialog::OnInitDialog() {
     ulo::WString library;
     ulo::FGetSpecialFolderPathAndSubDir(ulo::kFolderSupport, L"support\\veld.lin", library);
     LoadFile(library);
-    return TRUE;
 }
 
 bool CLtypeLoadDialog::OnCommand(unsigned id) {
-    if (id == kIdFile) {
+    if (id == ctl::LtypeLoad::kFile) {
         OnFile();
         return true;
     }
@@ -117,7 +112,7 @@ void CLtypeLoadDialog::OnFile() {
 
 void CLtypeLoadDialog::LoadFile(const ulo::WString& path) {
     path_ = path;
-    SetDlgItemText(kIdPath, path_.ToQString());
+    SetDlgItemText(ctl::LtypeLoad::kPath, path_.ToQString());
     // The rows point at the loader's line types, which the load releases.
     FillGrid(0);
     // The loader reports rejected definitions with this very path while it

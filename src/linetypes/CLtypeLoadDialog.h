@@ -41,13 +41,8 @@ public:
     /// elements load even when the drawing lacks their style.
     veld::CStyle* GetUndefinedStyle(const ulo::WString& styleName) override;
 
-    static constexpr unsigned kIdFile = 11134;
-    static constexpr unsigned kIdPath = 11135;
-    static constexpr unsigned kIdPlaceholder = 1162;
-    static constexpr unsigned kIdGrid = 2000;
-
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnOK() override;
     bool OnCommand(unsigned id) override;
     QWidget* CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) override;

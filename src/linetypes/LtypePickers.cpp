@@ -2,7 +2,7 @@
 
 #include "CCECADDlgSelType.h"
 #include "CLtypeLoadDialog.h"
-#include "factory/Scopes.h"
+#include "factory/RunDialog.h"
 #include "veld/HandleObjectVectorCollection.h"
 #include "veld/Ltype.h"
 
@@ -12,25 +12,23 @@ int ShowDlgSelLtype(QWidget* parent, CVELD* cad, veld::CLtype* preset, veld::CLt
     if (!cad || !chosen)
         return -1;
     *chosen = nullptr;
-    veld5::CModuleResourceScope scope;
-    veld5::CCECADDlgSelType dialog(parent, cad);
-    dialog.SetPresetLtype(preset);
-    const auto result = dialog.DoModal();
-    if (result == ulo::IDOK)
-        *chosen = dialog.GetChosenLtype();
-    return static_cast<int>(result);
+    const auto make = [&] {
+        auto dialog = std::make_unique<veld5::CCECADDlgSelType>(parent, cad);
+        dialog->SetPresetLtype(preset);
+        return dialog;
+    };
+    return static_cast<int>(veld5::RunDialog(
+        make, [&](const veld5::CCECADDlgSelType& dialog) { *chosen = dialog.GetChosenLtype(); }));
 }
 
 int ShowDlgLoadLtype(CVELD* cad, veld::CHandleObjectVectorCollection* created) {
     if (!cad || !created)
         return -1;
-    veld5::CModuleResourceScope scope;
-    veld5::CLtypeLoadDialog dialog(cad);
-    const auto result = dialog.DoModal();
-    if (result == ulo::IDOK)
+    const auto make = [&] { return std::make_unique<veld5::CLtypeLoadDialog>(cad); };
+    return static_cast<int>(veld5::RunDialog(make, [&](const veld5::CLtypeLoadDialog& dialog) {
         for (unsigned i = 0; i < dialog.GetNoNewLtypes(); ++i)
             created->Add(dialog.GetNewLtypeNo(i));
-    return static_cast<int>(result);
+    }));
 }
 
 }  // extern "C"

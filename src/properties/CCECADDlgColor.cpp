@@ -4,8 +4,8 @@
 
 #include "CVELDEntColorStatic.h"
 #include "CVELDMultiColorStatic.h"
-#include "shell/DialogIds.h"
-#include "ulo/HelpTopic.h"
+#include "factory/RunDialog.h"
+#include "res/templates/ControlIds.h"
 #include "ulo/PalmDevice.h"
 
 namespace veld5 {
@@ -32,7 +32,6 @@ CCECADDlgColor::CCECADDlgColor(const CVELD* cad, short startColour, short byLaye
       paletteOdd_(std::make_unique<CVELDMultiColorStatic>(false)),
       preview_(
           std::make_unique<CVELDEntColorStatic>(cad, startColour, byLayerColour, byBlockColour)) {
-    SetOkCancelIds(kIdOk, kIdCancel);
     for (CVELDMultiColorStatic* strip : Strips()) {
         strip->SetCad(cad_);
         connect(strip, &CVELDMultiColorStatic::colorPicked, this, &CCECADDlgColor::SelectColor);
@@ -47,15 +46,15 @@ std::array<CVELDMultiColorStatic*, 4> CCECADDlgColor::Strips() const {
 
 QWidget* CCECADDlgColor::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget*) {
     switch (ctrl.id) {
-        case kIdStandard:
+        case ctl::Color::kStandard:
             return standard_.get();
-        case kIdGrey:
+        case ctl::Color::kGrey:
             return grey_.get();
-        case kIdPaletteEven:
+        case ctl::Color::kPaletteEven:
             return paletteEven_.get();
-        case kIdPaletteOdd:
+        case ctl::Color::kPaletteOdd:
             return paletteOdd_.get();
-        case kIdPreview:
+        case ctl::Color::kPreview:
             if (ctrl.style & ulo::kBorder)
                 preview_->setFrameStyle(QFrame::Box | QFrame::Plain);
             return preview_.get();
@@ -64,10 +63,7 @@ QWidget* CCECADDlgColor::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWid
     }
 }
 
-BOOL CCECADDlgColor::OnInitDialog() {
-    CExDialog::OnInitDialog();
-    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg OpzColori");
-
+void CCECADDlgColor::OnInitDialog() {
     // Whole cells only, so that every pixel of a strip belongs to a cell. The
     // cells grow with the multiplier only as far as the rectangle the layout
     // gave the strip allows: a strip that outgrew it would lie over its
@@ -81,32 +77,27 @@ BOOL CCECADDlgColor::OnInitDialog() {
     fit(paletteEven_.get(), kPaletteCell);
     fit(paletteOdd_.get(), kPaletteCell);
 
-    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
-    for (unsigned id : {kIdByLayer, kIdByBlock}) {
+    for (unsigned id : {ctl::Color::kByLayer, ctl::Color::kByBlock}) {
         GetDlgItem<CColButton>(id)->SetBtnColor(2, 3);
         EnableDlgItem(id, logicalAllowed_);
     }
     SelectColor(startColour_);
-    return TRUE;
 }
 
 void CCECADDlgColor::SelectColor(short index) {
     chosen_ = index;
     preview_->SetColorIndex(static_cast<unsigned short>(index));
-    SetDlgItemText(kIdName, CVELDEntColorStatic::NameOf(index));
+    SetDlgItemText(ctl::Color::kName, CVELDEntColorStatic::NameOf(index));
 }
 
 bool CCECADDlgColor::OnCommand(unsigned id) {
     switch (id) {
-        case kIdByLayer:
+        case ctl::Color::kByLayer:
             SelectColor(CVELDEntColorStatic::kByLayer);
             return true;
-        case kIdByBlock:
+        case ctl::Color::kByBlock:
             SelectColor(CVELDEntColorStatic::kByBlock);
             return true;
-        case ulo::ID_HELP:
-            return true;  // help comes only through the topic
         default:
             return CExDialog::OnCommand(id);
     }
@@ -133,6 +124,16 @@ void CCECADDlgColor::mousePressEvent(QMouseEvent* event) {
     if (hit)
         hit->OnLButtonDown(point - hit->pos());
     event->accept();
+}
+
+bool RunDlgColor(CWnd* parent, const CVELD* cad, short startColour, short byLayerColour,
+                 short byBlockColour, bool logicalAllowed, short& chosen) {
+    const auto make = [&] {
+        return std::make_unique<CCECADDlgColor>(cad, startColour, byLayerColour, byBlockColour,
+                                                logicalAllowed, parent);
+    };
+    return RunDialog(make, [&](const CCECADDlgColor& dialog) { chosen = dialog.GetSelColor(); }) ==
+           ulo::IDOK;
 }
 
 }  // namespace veld5

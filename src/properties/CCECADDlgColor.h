@@ -29,17 +29,8 @@ public:
     /// Makes @p index the chosen colour and shows it in the preview and by name.
     void SelectColor(short index);
 
-    static constexpr unsigned kIdStandard = 11187;
-    static constexpr unsigned kIdGrey = 11189;
-    static constexpr unsigned kIdByLayer = 11190;
-    static constexpr unsigned kIdByBlock = 11191;
-    static constexpr unsigned kIdPaletteEven = 11192;
-    static constexpr unsigned kIdPaletteOdd = 11193;
-    static constexpr unsigned kIdName = 11194;
-    static constexpr unsigned kIdPreview = 11195;
-
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnCancel() override;
     bool OnCommand(unsigned id) override;
     QWidget* CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) override;
@@ -61,5 +52,10 @@ private:
     std::unique_ptr<CVELDMultiColorStatic> paletteOdd_;
     std::unique_ptr<CVELDEntColorStatic> preview_;
 };
+
+/// ShowDlgColor: after OK @p chosen receives the colour picked and the result
+/// is true; otherwise @p chosen is left as it was.
+bool RunDlgColor(CWnd* parent, const CVELD* cad, short startColour, short byLayerColour,
+                 short byBlockColour, bool logicalAllowed, short& chosen);
 
 }  // namespace veld5

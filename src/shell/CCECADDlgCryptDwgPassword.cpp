@@ -2,14 +2,12 @@
 
 #include <algorithm>
 
-#include "DialogIds.h"
+#include "res/templates/ControlIds.h"
 #include "ulo/PalmDevice.h"
 
 namespace veld5 {
 
 namespace {
-constexpr unsigned kIdPassword = 4779;
-
 void wipe(ulo::WString& s) {
     if (s.IsEmpty())
         return;
@@ -20,9 +18,7 @@ void wipe(ulo::WString& s) {
 }  // namespace
 
 CCECADDlgCryptDwgPassword::CCECADDlgCryptDwgPassword(CWnd* parent)
-    : CExDialog(CPalmDevice::SelectIdDlgStd(11000, 11001, 11002, 11003), parent) {
-    SetOkCancelIds(kIdOk, kIdCancel);
-}
+    : CExDialog(CPalmDevice::SelectIdDlgStd(11000, 11001, 11002, 11003), parent) {}
 
 CCECADDlgCryptDwgPassword::~CCECADDlgCryptDwgPassword() {
     WipePassword();
@@ -32,30 +28,25 @@ void CCECADDlgCryptDwgPassword::WipePassword() {
     wipe(password_);
 }
 
-BOOL CCECADDlgCryptDwgPassword::OnInitDialog() {
-    if (!CExDialog::OnInitDialog())
-        return FALSE;
-    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
+void CCECADDlgCryptDwgPassword::OnInitDialog() {
     // OK stays enabled until the field first changes.
-    auto* edit = GetDlgItem<CCEEditKeybTxt>(kIdPassword);
+    auto* edit = GetDlgItem<CCEEditKeybTxt>(ctl::Password::kPassword);
     connect(edit, &QLineEdit::textChanged, this, &CCECADDlgCryptDwgPassword::OnFieldChanged);
-    return TRUE;
 }
 
 void CCECADDlgCryptDwgPassword::OnFieldChanged() {
-    password_ = ulo::WString::FromQString(GetDlgItemText(kIdPassword));
-    EnableDlgItem(kIdOk, !password_.IsEmpty());
+    password_ = ulo::WString::FromQString(GetDlgItemText(ctl::Password::kPassword));
+    EnableDlgItem(ctl::Password::kOk, !password_.IsEmpty());
 }
 
 void CCECADDlgCryptDwgPassword::OnOK() {
-    password_ = ulo::WString::FromQString(GetDlgItemText(kIdPassword));
+    password_ = ulo::WString::FromQString(GetDlgItemText(ctl::Password::kPassword));
     CExDialog::OnOK();
 }
 
 void CCECADDlgCryptDwgPassword::done(int code) {
     // Leave no copy of the password in the widgets once the dialog closes.
-    if (auto* edit = GetDlgItem<QLineEdit>(kIdPassword)) {
+    if (auto* edit = GetDlgItem<QLineEdit>(ctl::Password::kPassword)) {
         const QSignalBlocker block(edit);
         edit->clear();
     }

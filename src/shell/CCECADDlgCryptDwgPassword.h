@@ -16,7 +16,7 @@ public:
     void WipePassword();
 
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnOK() override;
     void done(int code) override;
 

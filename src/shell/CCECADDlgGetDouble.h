@@ -10,4 +10,9 @@ public:
     explicit CCECADDlgGetDouble(CWnd* parent);
 };
 
+/// ShowDlgGetDouble: the end code; after IDOK @p value holds the number
+/// entered, otherwise it is left as it was.
+long RunDlgGetDouble(CWnd* parent, const wchar_t* title, double& value, bool allowNegative,
+                     bool allowZero, bool allowPositive);
+
 }  // namespace veld5

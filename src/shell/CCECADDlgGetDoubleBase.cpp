@@ -3,18 +3,19 @@
 #include <cmath>
 #include <optional>
 
-#include "DialogIds.h"
 #include "ResString.h"
 #include "res/StringIds.h"
-#include "ulo/HelpTopic.h"
+#include "res/templates/ControlIds.h"
 #include "ulo/ctrl/FieldInput.h"
 
 namespace veld5 {
 
+// The number and the rotation entry share the frame and the field.
+static_assert(ctl::GetDouble::kFrame == ctl::Rotate::kFrame &&
+              ctl::GetDouble::kValue == ctl::Rotate::kValue);
+
 CCECADDlgGetDoubleBase::CCECADDlgGetDoubleBase(unsigned templateId, CWnd* parent)
-    : CExDialog(templateId, parent) {
-    SetOkCancelIds(kIdOk, kIdCancel);
-}
+    : CExDialog(templateId, parent) {}
 
 void CCECADDlgGetDoubleBase::SetRequest(double value, const ulo::WString& title, bool allowNegative,
                                         bool allowZero, bool allowPositive) {
@@ -25,15 +26,10 @@ void CCECADDlgGetDoubleBase::SetRequest(double value, const ulo::WString& title,
     allowPositive_ = allowPositive;
 }
 
-BOOL CCECADDlgGetDoubleBase::OnInitDialog() {
-    CExDialog::OnInitDialog();
-    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg InsValore");
-    GetDlgItem<CColButton>(kIdOk)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(kIdCancel)->SetBtnColor(0, 2);
+void CCECADDlgGetDoubleBase::OnInitDialog() {
     SetDlgItemText(kIdFrame, title_.ToQString());
     // The field always opens on "0"; the caller's value is not shown.
     SetDlgItemText(kIdValue, QStringLiteral("0"));
-    return TRUE;
 }
 
 void CCECADDlgGetDoubleBase::OnOK() {
@@ -53,12 +49,6 @@ void CCECADDlgGetDoubleBase::OnOK() {
     }
     ReadControls();
     CExDialog::OnOK();
-}
-
-bool CCECADDlgGetDoubleBase::OnCommand(unsigned id) {
-    if (id == ulo::ID_HELP)
-        return true;  // help comes only through the topic
-    return CExDialog::OnCommand(id);
 }
 
 }  // namespace veld5

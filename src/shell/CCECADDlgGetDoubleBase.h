@@ -1,6 +1,7 @@
 #pragma once
 // Base of the number and rotation entry dialogs: a prompt in a frame, one
 // number field and a sign rule checked on OK.
+#include "res/templates/ControlIds.h"
 #include "ulo/ctrl/Dialog.h"
 
 namespace veld5 {
@@ -16,14 +17,13 @@ public:
     double GetValue() const { return value_; }
 
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnOK() override;
-    bool OnCommand(unsigned id) override;
     /// Reads the dialog's other controls when the dialog is confirmed.
     virtual void ReadControls() {}
 
-    static constexpr unsigned kIdFrame = 11138;
-    static constexpr unsigned kIdValue = 11137;
+    static constexpr unsigned kIdFrame = ctl::GetDouble::kFrame;
+    static constexpr unsigned kIdValue = ctl::GetDouble::kValue;
 
 private:
     ulo::WString title_;

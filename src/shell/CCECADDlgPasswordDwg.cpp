@@ -2,20 +2,18 @@
 
 #include "CCECADDlgCryptDwgPassword.h"
 #include "ResString.h"
-#include "factory/Scopes.h"
+#include "factory/RunDialog.h"
 #include "res/StringIds.h"
 #include "ulo/ctrl/MessageBox.h"
 
 namespace veld5 {
 
 bool CCECADDlgPasswordDwg::RequestPassword(ulo::WString& password, const ulo::WString&) {
-    CModuleResourceScope scope;
-    CCECADDlgCryptDwgPassword dialog(parent_);
-    if (dialog.DoModal() != ulo::IDOK)
-        return false;
-    password = dialog.GetPassword();
-    dialog.WipePassword();
-    return true;
+    return RunDialog([&] { return std::make_unique<CCECADDlgCryptDwgPassword>(parent_); },
+                     [&](CCECADDlgCryptDwgPassword& dialog) {
+                         password = dialog.GetPassword();
+                         dialog.WipePassword();
+                     }) == ulo::IDOK;
 }
 
 bool CCECADDlgPasswordDwg::AskRetry(const ulo::WString&) {

@@ -1,6 +1,8 @@
 #include "CCECADDlgRotate.h"
 
-#include "ulo/HelpTopic.h"
+#include "ResString.h"
+#include "factory/RunDialog.h"
+#include "res/StringIds.h"
 #include "ulo/PalmDevice.h"
 
 namespace veld5 {
@@ -8,22 +10,20 @@ namespace veld5 {
 CCECADDlgRotate::CCECADDlgRotate(CWnd* parent)
     : CCECADDlgGetDoubleBase(CPalmDevice::SelectIdDlgStd(11068, 11069, 11070, 11071), parent) {}
 
-BOOL CCECADDlgRotate::OnInitDialog() {
+void CCECADDlgRotate::OnInitDialog() {
     CCECADDlgGetDoubleBase::OnInitDialog();
     rotationType_ = 2;
-    CheckRadioButton(kIdFirstType, kIdLastType, kIdLastType);
-    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg ScegliRotazione");
+    CheckRadioButton(ctl::Rotate::kOnePoint, ctl::Rotate::kAngle, ctl::Rotate::kAngle);
     EnableDlgItem(kIdValue, true);
-    return TRUE;
 }
 
 bool CCECADDlgRotate::OnCommand(unsigned id) {
-    if (id == kIdFirstType || id == kIdFirstType + 1) {
+    if (id == ctl::Rotate::kOnePoint || id == ctl::Rotate::kTwoPoints) {
         // The reference point types take no typed angle; the field keeps its text.
         EnableDlgItem(kIdValue, false);
         return true;
     }
-    if (id == kIdLastType) {
+    if (id == ctl::Rotate::kAngle) {
         EnableDlgItem(kIdValue, true);
         return true;
     }
@@ -31,14 +31,27 @@ bool CCECADDlgRotate::OnCommand(unsigned id) {
 }
 
 void CCECADDlgRotate::ReadControls() {
-    const unsigned checked = GetCheckedRadioButton(kIdFirstType, kIdLastType);
-    rotationType_ = checked ? static_cast<int>(checked - kIdFirstType) : -1;
+    // The types in id order: one point, two points, an angle.
+    const unsigned checked = GetCheckedRadioButton(ctl::Rotate::kOnePoint, ctl::Rotate::kAngle);
+    rotationType_ = checked ? static_cast<int>(checked - ctl::Rotate::kOnePoint) : -1;
 }
 
 double CCECADDlgRotate::GetValue(int& code) const {
     if (rotationType_ >= 0 && rotationType_ <= 2)
         code = 4 + rotationType_;
     return GetValue();
+}
+
+long RunDlgRotate(CWnd* parent, double& angle) {
+    const auto make = [&] {
+        auto dialog = std::make_unique<CCECADDlgRotate>(parent);
+        dialog->SetRequest(angle, LoadResString(ids::kSelectRotationType), true, true, true);
+        return dialog;
+    };
+    int code = ulo::IDOK;
+    const ulo::INT_PTR result =
+        RunDialog(make, [&](const CCECADDlgRotate& dialog) { angle = dialog.GetValue(code); });
+    return result == ulo::IDOK ? code : static_cast<long>(result);
 }
 
 }  // namespace veld5

@@ -13,14 +13,16 @@ public:
     using CCECADDlgGetDoubleBase::GetValue;
 
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     bool OnCommand(unsigned id) override;
     void ReadControls() override;
 
 private:
-    static constexpr unsigned kIdFirstType = 11204;
-    static constexpr unsigned kIdLastType = 11206;
     int rotationType_ = -1;
 };
+
+/// ShowDlgRotate: after OK the code of the rotation type (4, 5 or 6) with
+/// @p angle the number entered; otherwise the end code, @p angle as it was.
+long RunDlgRotate(CWnd* parent, double& angle);
 
 }  // namespace veld5

@@ -15,7 +15,7 @@ public:
     static constexpr int kMaxLength = 511;
 
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     void OnOK() override;
 
 private:
@@ -23,5 +23,9 @@ private:
     ulo::WString prompt_;
     ulo::WString* result_;
 };
+
+/// ShowDlgGetString: true after OK, with @p result as the dialog left it.
+bool RunDlgGetString(CWnd* parent, const ulo::WString& caption, const ulo::WString& prompt,
+                     ulo::WString& result);
 
 }  // namespace veld5

@@ -10,7 +10,6 @@
 #include "properties/CCECADDlgColor.h"
 #include "res/StringIds.h"
 #include "shell/ResString.h"
-#include "ulo/HelpTopic.h"
 #include "ulo/PalmDevice.h"
 #include "veld/Data.h"
 
@@ -18,22 +17,21 @@ namespace veld5 {
 
 CEVELDLayerDLg::CEVELDLayerDLg(CLayerLtypeCtrlDlg* controller, CVELD* cad, CWnd* parent,
                                int templateId)
-    : CVELDLayerLtypeDlg(controller, cad, parent, templateId,
-                         {kIdFilter, kIdNew, kIdDelete, kIdCurrent}) {}
+    : CVELDLayerLtypeDlg(
+          controller, cad, parent, templateId,
+          {ctl::Layers::kFilter, ctl::Layers::kNew, ctl::Layers::kDelete, ctl::Layers::kCurrent}) {}
 
 CEVELDLayerDLg::~CEVELDLayerDLg() = default;
 
 QWidget* CEVELDLayerDLg::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) {
-    if (ctrl.id != kIdList)
+    if (ctrl.id != ctl::Layers::kList)
         return CVELDLayerLtypeDlg::CreateCustomControl(ctrl, parent);
     list_ = new CVELDLayerList(cad_, parent);
     return list_;
 }
 
-BOOL CEVELDLayerDLg::OnInitDialog() {
-    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg OpzPiano");
-    if (!CVELDLayerLtypeDlg::OnInitDialog())
-        return FALSE;
+void CEVELDLayerDLg::OnInitDialog() {
+    CVELDLayerLtypeDlg::OnInitDialog();
     list_->SetCurLayerMark(GetCurLayer(cad_));
     list_->SetRowHeight(CVELDLayerList::DefaultRowHeight(font()));
 
@@ -54,7 +52,6 @@ BOOL CEVELDLayerDLg::OnInitDialog() {
             [this](int row, int column, bool) { OnCellTapped(row, column); });
     connect(list_, &CVELDLayerList::columnClicked, this, &CEVELDLayerDLg::OnColumnClicked);
     FillList();
-    return TRUE;
 }
 
 void CEVELDLayerDLg::FillList() {
@@ -82,13 +79,13 @@ void CEVELDLayerDLg::FillList() {
 
 bool CEVELDLayerDLg::OnCommand(unsigned id) {
     switch (id) {
-        case kIdNew:
+        case ctl::Layers::kNew:
             OnNew();
             return true;
-        case kIdDelete:
+        case ctl::Layers::kDelete:
             OnDelete();
             return true;
-        case kIdCurrent:
+        case ctl::Layers::kCurrent:
             OnCurrent();
             return true;
         default:
@@ -241,6 +238,14 @@ void CEVELDLayerDLg::PickLtype(veld::CLayer* layer) {
     layer->SetLtype(chosen);
     list_->LayerChanged(layer);
     RedrawViews();
+}
+
+void RunDlgLayer(CWnd* parent, CVELD& cad) {
+    RunTableVisit(cad, [&](CLayerLtypeCtrlDlg* controller) {
+        return std::make_unique<CEVELDLayerDLg>(
+            controller, &cad, parent,
+            static_cast<int>(CPalmDevice::SelectIdDlgStd(11028, 11029, 11030, 11031)));
+    });
 }
 
 }  // namespace veld5

@@ -22,14 +22,8 @@ public:
 
     void OnEndEditItem(QString text, int item) override;
 
-    static constexpr unsigned kIdFilter = 1128;
-    static constexpr unsigned kIdList = 1129;
-    static constexpr unsigned kIdNew = 1130;
-    static constexpr unsigned kIdDelete = 1131;
-    static constexpr unsigned kIdCurrent = 1132;
-
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     bool OnCommand(unsigned id) override;
     QWidget* CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) override;
     void FillList() override;
@@ -50,5 +44,8 @@ private:
     int sortDirection_ = 1;
     bool changedSinceSort_ = false;
 };
+
+/// ShowDlgLayer: one visit of the layers dialog (RunTableVisit).
+void RunDlgLayer(CWnd* parent, CVELD& cad);
 
 }  // namespace veld5

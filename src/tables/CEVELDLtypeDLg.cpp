@@ -9,8 +9,8 @@
 #include "linetypes/CVELDLtypeList.h"
 #include "res/StringIds.h"
 #include "shell/ResString.h"
-#include "ulo/HelpTopic.h"
 #include "ulo/NumberText.h"
+#include "ulo/PalmDevice.h"
 #include "ulo/ctrl/FieldInput.h"
 #include "veld/Data.h"
 
@@ -18,27 +18,27 @@ namespace veld5 {
 
 CEVELDLtypeDLg::CEVELDLtypeDLg(CLayerLtypeCtrlDlg* controller, CVELD* cad, CWnd* parent,
                                int templateId)
-    : CVELDLayerLtypeDlg(controller, cad, parent, templateId,
-                         {kIdFilter, kIdLoad, kIdDelete, kIdCurrent}) {}
+    : CVELDLayerLtypeDlg(
+          controller, cad, parent, templateId,
+          {ctl::Ltypes::kFilter, ctl::Ltypes::kLoad, ctl::Ltypes::kDelete, ctl::Ltypes::kCurrent}) {
+}
 
 CEVELDLtypeDLg::~CEVELDLtypeDLg() = default;
 
 QWidget* CEVELDLtypeDLg::CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) {
-    if (ctrl.id != kIdList)
+    if (ctrl.id != ctl::Ltypes::kList)
         return CVELDLayerLtypeDlg::CreateCustomControl(ctrl, parent);
     list_ = new CVELDLtypeList(cad_, parent);
     return list_;
 }
 
-BOOL CEVELDLtypeDLg::OnInitDialog() {
-    ulo::SetHelpTopic(L"QuadraCE.htm#Dlg OpzTipoLinea");
-    if (!CVELDLayerLtypeDlg::OnInitDialog())
-        return FALSE;
+void CEVELDLtypeDLg::OnInitDialog() {
+    CVELDLayerLtypeDlg::OnInitDialog();
     list_->SetCurLtypeMark(GetCurLtype(cad_));
 
     // The scale as "%lf" writes it; the controller then holds what is read
     // back from that text, so OK without an edit applies the six decimals.
-    auto* edit = GetDlgItem<QLineEdit>(kIdScale);
+    auto* edit = GetDlgItem<QLineEdit>(ctl::Ltypes::kScale);
     connect(edit, &QLineEdit::textChanged, this, &CEVELDLtypeDLg::OnScaleEdited);
     scale_ = controller_->GetNewLtypeScale();
     edit->setText(ulo::CStringDaDouble(scale_, 0, 6).ToQString());
@@ -58,7 +58,6 @@ BOOL CEVELDLtypeDLg::OnInitDialog() {
             controller_->SetSelLtype(nullptr);
     });
     FillList();
-    return TRUE;
 }
 
 void CEVELDLtypeDLg::FillList() {
@@ -80,13 +79,13 @@ void CEVELDLtypeDLg::FillList() {
 
 bool CEVELDLtypeDLg::OnCommand(unsigned id) {
     switch (id) {
-        case kIdLoad:
+        case ctl::Ltypes::kLoad:
             OnLoad();
             return true;
-        case kIdDelete:
+        case ctl::Ltypes::kDelete:
             OnDelete();
             return true;
-        case kIdCurrent:
+        case ctl::Ltypes::kCurrent:
             OnCurrent();
             return true;
         default:
@@ -134,6 +133,14 @@ void CEVELDLtypeDLg::OnScaleEdited(const QString& text) {
     // characters, and a text cut short reads as another number.
     scale_ = ulo::ReadNumberField(text, ulo::FieldRule::Leading).value;
     controller_->SetNewLtypeScale(scale_);
+}
+
+void RunDlgLtype(CWnd* parent, CVELD& cad) {
+    RunTableVisit(cad, [&](CLayerLtypeCtrlDlg* controller) {
+        return std::make_unique<CEVELDLtypeDLg>(
+            controller, &cad, parent,
+            static_cast<int>(CPalmDevice::SelectIdDlgStd(11032, 11033, 11034, 11035)));
+    });
 }
 
 }  // namespace veld5

@@ -19,15 +19,8 @@ public:
     /// The scale as last read from the edit.
     double GetScale() const { return scale_; }
 
-    static constexpr unsigned kIdFilter = 11125;
-    static constexpr unsigned kIdList = 11126;
-    static constexpr unsigned kIdDelete = 11127;
-    static constexpr unsigned kIdLoad = 11128;
-    static constexpr unsigned kIdCurrent = 11129;
-    static constexpr unsigned kIdScale = 11130;
-
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     bool OnCommand(unsigned id) override;
     QWidget* CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) override;
     void FillList() override;
@@ -41,5 +34,8 @@ private:
     CVELDLtypeList* list_ = nullptr;  // a child of the dialog, made with it
     double scale_ = 0;
 };
+
+/// ShowDlgLtype: one visit of the line types dialog (RunTableVisit).
+void RunDlgLtype(CWnd* parent, CVELD& cad);
 
 }  // namespace veld5

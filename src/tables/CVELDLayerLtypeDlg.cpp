@@ -2,11 +2,16 @@
 
 #include "CListEdit.h"
 #include "app/VELD.h"
+#include "factory/RunDialog.h"
 #include "res/StringIds.h"
 #include "shell/ResString.h"
 #include "ulo/ctrl/MessageBox.h"
+#include "veld/Data.h"
 
 namespace veld5 {
+
+// One name editor for both tables.
+static_assert(ctl::Layers::kNameEdit == ctl::Ltypes::kNameEdit);
 
 namespace {
 
@@ -61,11 +66,7 @@ QWidget* CVELDLayerLtypeDlg::CreateCustomControl(const ulo::CtrlTemplate& ctrl, 
     return nameEdit_;
 }
 
-BOOL CVELDLayerLtypeDlg::OnInitDialog() {
-    if (!CExDialog::OnInitDialog())
-        return FALSE;
-    GetDlgItem<CColButton>(ulo::IDOK)->SetBtnColor(0, 2);
-    GetDlgItem<CColButton>(ulo::IDCANCEL)->SetBtnColor(0, 2);
+void CVELDLayerLtypeDlg::OnInitDialog() {
     for (unsigned id : {ids_.first, ids_.remove, ids_.current})
         GetDlgItem<CColButton>(id)->SetBtnColor(2, 2);
 
@@ -75,7 +76,6 @@ BOOL CVELDLayerLtypeDlg::OnInitDialog() {
     filter->AddString(LoadResString(ids::kFilterAll + 2).ToQString(), kMaskUnused);
     filter->setCurrentIndex(0);
     connect(filter, &CCEBaseKeybCombo::selEndOk, this, [this](int) { FillList(); });
-    return TRUE;
 }
 
 int CVELDLayerLtypeDlg::GetFilterMask() const {
@@ -85,6 +85,14 @@ int CVELDLayerLtypeDlg::GetFilterMask() const {
 
 void CVELDLayerLtypeDlg::RedrawViews() const {
     redrawAllViews(*cad_);
+}
+
+void RunTableVisit(CVELD& cad, const MakeTableDialog& make) {
+    CSourceEventScope tables(cad.GetData()->GetDataTables()->GetDataTablesSourceEvent());
+    const auto controller = ulo::RefPtr<CLayerLtypeCtrlDlg>::Adopt(new CLayerLtypeCtrlDlg(&cad));
+    RunDialog([&] { return make(controller.get()); },
+              [&](CVELDLayerLtypeDlg&) { controller->Commit(); },
+              [&](CVELDLayerLtypeDlg&) { controller->Rollback(); });
 }
 
 }  // namespace veld5

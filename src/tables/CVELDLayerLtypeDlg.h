@@ -6,8 +6,11 @@
 // "Delete", "Current", OK and Cancel. The caller ends the visit on the
 // controller (Commit after IDOK, Rollback otherwise).
 #include <QString>
+#include <functional>
+#include <memory>
 
 #include "CLayerLtypeCtrlDlg.h"
+#include "res/templates/ControlIds.h"
 #include "ulo/ctrl/Dialog.h"
 
 class CVELD;
@@ -31,13 +34,13 @@ public:
     /// The name editor's edit of @p item ended with @p text.
     virtual void OnEndEditItem(QString text, int item);
 
-    static constexpr unsigned kIdNameEdit = 11132;
+    static constexpr unsigned kIdNameEdit = ctl::Layers::kNameEdit;
     /// Masks of the filter's items.
     static constexpr int kMaskInUse = 1;
     static constexpr int kMaskUnused = 2;
 
 protected:
-    BOOL OnInitDialog() override;
+    void OnInitDialog() override;
     QWidget* CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) override;
     /// Lists the items again, as the filter says.
     virtual void FillList() = 0;
@@ -53,5 +56,15 @@ protected:
 private:
     ControlIds ids_;
 };
+
+/// Builds a table dialog around the controller of one visit.
+using MakeTableDialog =
+    std::function<std::unique_ptr<CVELDLayerLtypeDlg>(CLayerLtypeCtrlDlg* controller)>;
+
+/// One visit of the layers or line types dialog that @p make builds: every
+/// edit is live in the drawing while it runs, its notifications bracketed
+/// into one; OK commits the visit as one undo step, any other end rolls it
+/// back.
+void RunTableVisit(CVELD& cad, const MakeTableDialog& make);
 
 }  // namespace veld5

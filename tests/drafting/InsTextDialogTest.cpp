@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "../factory/FactoryFixture.h"
 #include "app/DrawingFile.h"
 #include "app/VELD.h"
+#include "res/templates/ControlIds.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Controls.h"
 #include "ulo/ctrl/Dialog.h"
-#include "ulo/ctrl/Win.h"
 #include "veld/Data.h"
 #include "veld/EntCollection.h"
 
@@ -22,12 +22,10 @@ using automation::ScriptedUser;
 
 namespace {
 
-constexpr unsigned kOk = 11196, kCancel = 11197;
-constexpr unsigned kLine1 = 11139, kLine2 = 11146, kLine3 = 11147;
-constexpr unsigned kHeight = 11140, kSlant = 11141, kRotation = 11142, kWidth = 11143;
-constexpr unsigned kJustify = 11144, kStyle = 11145;
-constexpr unsigned kLines[] = {kLine1, kLine2, kLine3};
-constexpr unsigned kNumbers[] = {kHeight, kWidth, kRotation, kSlant};
+namespace InsText = veld5::ctl::InsText;
+constexpr unsigned kLines[] = {InsText::kLine1, InsText::kLine2, InsText::kLine3};
+constexpr unsigned kNumbers[] = {InsText::kHeight, InsText::kWidth, InsText::kRotation,
+                                 InsText::kSlant};
 constexpr double kPi = std::numbers::pi;
 const ulo::geom::PNT_3D kAt{10.0, 20.0, 5.0};
 
@@ -80,92 +78,82 @@ protected:
 
 }  // namespace
 
-// The fields follow the current style and show angles in the CAD instance's
-// system; the lists hold the twelve justifications and the styles.
-TEST_F(InsTextDialogTest, OpensWithTheCurrentStyleInTheAngleSystem) {
-    const struct {
-        short format;
-        bool romansCurrent;
-        const char* numbers;  // height, width, rotation, slant
-    } rows[] = {
-        {0, true, "2.000 0.800 0.0000 15.0000"},
-        {2, true, "2.000 0.800 100.0000 83.3333"},
-        {0, false, "3.000 1.000 0.0000 0.0000"},
-    };
-    for (const auto& r : rows) {
-        SCOPED_TRACE(r.numbers);
-        SetCurStyle(&cad, r.romansCurrent ? romansStyle : vertical);
-        Prepare(r.format);
-        ScriptedUser user;
-        QJsonObject justify, style;
-        QStringList numbers;
-        QString lines;
-        user.Inspect([&](QWidget* w) {
-            auto* d = static_cast<CWSizeDialog*>(w);
-            for (unsigned id : kNumbers)
-                numbers << d->GetDlgItemText(id);
-            for (unsigned id : kLines)
-                lines += d->GetDlgItemText(id);
-            justify = ScriptedUser::ControlState(ulo::FindControl(w, kJustify));
-            style = ScriptedUser::ControlState(ulo::FindControl(w, kStyle));
-        });
-        user.Click(kCancel);
-        Run(user);
-        EXPECT_EQ(numbers.join(u' '), Q(r.numbers));
-        EXPECT_TRUE(lines.isEmpty());
-        EXPECT_EQ(justify.value(QStringLiteral("items")).toVariant().toStringList().join(u','),
-                  Q("Left,Center,Right,Aligned,Middle,Fit,Top left,Top center,Top right,"
-                    "Middle left,Middle right,Bottom center"));
-        EXPECT_EQ(justify.value(QStringLiteral("selected")).toInt(-1), 0);
-        EXPECT_EQ(style.value(QStringLiteral("items")).toVariant().toStringList().join(u','),
-                  Q("STANDARD,ROMANS,VERTICAL"));
-        EXPECT_EQ(style.value(QStringLiteral("selected")).toInt(-1), r.romansCurrent ? 1 : 2);
-        ASSERT_EQ(user.Dialogs().size(), 1u);
-        EXPECT_EQ(user.Dialogs()[0].templateId, 11024u);
-        EXPECT_EQ(user.Dialogs()[0].help, Q("QuadraCE.htm#Dlg InsGrafText"));
-    }
-}
-
-// One text per non-empty line, in line order, with the typed values (angles
-// in radians), the chosen style and justification, each a pitch further on;
-// the drawing is left alone and what the collection held before is gone.
-TEST_F(InsTextDialogTest, OkHandsBackOneTextPerLineStackedByThePitch) {
+// The fields open on the current style, angles in the CAD instance's system,
+// the justification on the first of the twelve, the style on the current one.
+// OK hands back one text per non-empty line, in line order, with the typed
+// values (angles in radians), the chosen style and justification, each a pitch
+// further on; the drawing is left alone and what the collection held before
+// is gone.
+TEST_F(InsTextDialogTest, OpensOnTheCurrentStyleAndHandsBackOneTextPerLine) {
     const double romans = 33 * 2.5 / 21;   // (21 + 7 + 5) x height / 21
     const double standard = 10 * 1.5 / 6;  // (6 + 2 + 2) x height / 6
     constexpr double kDeg = kPi / 180;
+    // The fields as they open: height, width, rotation, slant, then the lists.
+    static constexpr const char* romansAt0 = "2.000 0.800 0.0000 15.0000 @1";
+    static constexpr const char* romansInGons = "2.000 0.800 100.0000 83.3333 @1";
+    static constexpr const char* verticalAt0 = "3.000 1.000 0.0000 0.0000 @2";
     const struct {
         short format;
         const char* lines;    // the three lines, '|' between
         const char* numbers;  // height, width, rotation, slant, '|' between
-        int justify, style;   // style -1: as opened (ROMANS)
+        int justify, style;   // style -1: as opened; 2: VERTICAL picked
         double rotation, slant;
         ulo::geom::PNT_3D step;  // from one line's point to the next
+        const char* opened = romansAt0;
     } rows[] = {
         {0, "First|Second|Third", "2.5|0.01|0|84.99", 4, -1, 0.0, 84.99 * kDeg, {0, -romans, 0}},
         {0, "A||C", "2.5|100|-0|-84.99", 11, -1, 0.0, -84.99 * kDeg, {0, -romans, 0}},
         {0, "|Solo|", "2.5xyz|1|0|0", 0, -1, 0.0, 0.0, {}},  // what follows a number is ignored
         {0, "R1|R2|", "2.5|1|90|-10", 0, -1, kPi / 2, -10 * kDeg, {romans, 0, 0}},
         // Gons from North clockwise: 100 is East, exactly 0 radians.
-        {2, "N1|N2|", "2.5|0.8|100.0000|100", 0, -1, 0.0, 0.0, {0, -romans, 0}},
-        {2, "W1|W2|", "2.5|1|300|90", 0, -1, -kPi, kPi / 2 - 90 * kPi / 200, {0, romans, 0}},
+        {2, "N1|N2|", "2.5|0.8|100.0000|100", 0, -1, 0.0, 0.0, {0, -romans, 0}, romansInGons},
+        {2,
+         "W1|W2|",
+         "2.5|1|300|90",
+         0,
+         -1,
+         -kPi,
+         kPi / 2 - 90 * kPi / 200,
+         {0, romans, 0},
+         romansInGons},
         // A decimal comma reads as a point; a vertical style stacks columns.
         {0, "V1|V2|", "1,5|1|90|0", 2, 2, kPi / 2, 0.0, {0, standard, 0}},
-        {0, "||", "2.5|1|0|0", 0, -1, 0.0, 0.0, {}},
+        // VERTICAL current: no fixed height, the last one used.
+        {0, "||", "2.5|1|0|0", 0, -1, 0.0, 0.0, {}, verticalAt0},
     };
     for (const auto& r : rows) {
         SCOPED_TRACE(std::string(r.lines) + " " + r.numbers);
+        SetCurStyle(&cad, r.lines == std::string("||") ? vertical : romansStyle);
         Prepare(r.format);
         const QStringList lines = Q(r.lines).split(u'|'), numbers = Q(r.numbers).split(u'|');
         ScriptedUser user;
+        QStringList opened, lists;
+        user.Inspect([&](QWidget* w) {
+            for (unsigned id : {kNumbers[0], kNumbers[1], kNumbers[2], kNumbers[3], kLines[0],
+                                kLines[1], kLines[2], InsText::kStyle, InsText::kJustify}) {
+                const QJsonObject c = ScriptedUser::ControlState(ulo::FindControl(w, id));
+                const QJsonValue items = c.value(QStringLiteral("items"));
+                if (!items.isUndefined())
+                    lists << items.toVariant().toStringList().join(u',');
+                opened << (items.isUndefined() ? c.value(QStringLiteral("text")).toString()
+                                               : QStringLiteral("@%1").arg(
+                                                     c.value(QStringLiteral("selected")).toInt()));
+            }
+        });
         for (int i = 0; i < 3; ++i)
             user.SetText(kLines[i], lines[i]);
         for (int i = 0; i < 4; ++i)
             user.SetText(kNumbers[i], numbers[i]);
-        user.Pick(kJustify, r.justify);
+        user.Pick(InsText::kJustify, r.justify);
         if (r.style >= 0)
-            user.Pick(kStyle, r.style);
-        user.Click(kOk);
+            user.Pick(InsText::kStyle, r.style);
+        user.Click(InsText::kOk);
         Run(user);
+        opened.removeAll(QString());  // the lines open empty
+        EXPECT_EQ(opened.join(u' '), Q(r.opened) + QStringLiteral(" @0"));
+        EXPECT_EQ(lists, (QStringList{Q("STANDARD,ROMANS,VERTICAL"),
+                                      Q("Left,Center,Right,Aligned,Middle,Fit,Top left,Top center,"
+                                        "Top right,Middle left,Middle right,Bottom center")}));
         EXPECT_TRUE(user.Messages().empty());
         QStringList typed = lines;
         typed.removeAll(QString());
@@ -205,48 +193,48 @@ TEST_F(InsTextDialogTest, RefusalsNameTheFieldAndMakeNothing) {
         unsigned field2 = 0;  // a second field typed wrong, checked later
         QString text2 = {};
     } rows[] = {
-        {kHeight, Q(""), invalid, warning, 0, kSlant, Q("85")},
-        {kHeight, Q("nan"), invalid, warning},
-        {kHeight, Q("0x10"), invalid, warning},
-        {kHeight, Q("0abc"), invalid, warning},
-        {kHeight, Q("1e309"), invalid, warning},
-        {kHeight, Q("1e100"), invalid, warning},
-        {kHeight, Q("-0"), positive, warning},
-        {kHeight, Q("-2"), positive, warning},
+        {InsText::kHeight, Q(""), invalid, warning, 0, InsText::kSlant, Q("85")},
+        {InsText::kHeight, Q("nan"), invalid, warning},
+        {InsText::kHeight, Q("0abc"), invalid, warning},
+        {InsText::kHeight, Q("1e309"), invalid, warning},
+        {InsText::kHeight, Q("1e100"), invalid, warning},
+        {InsText::kHeight, Q("-0"), positive, warning},
         // A second line would stand beyond the coordinates a drawing keeps.
-        {kHeight, Q("9.9e99"), Q("The value is out of range"), warning, 0, kLine2, Q("Below")},
-        {kWidth, Q("nan"), invalid, warning},
-        {kWidth, Q("-1e309"), invalid, warning},
-        {kWidth, Q("0"), range, warning},
-        {kWidth, Q("0.0099999"), range, warning},
-        {kWidth, Q("100.0001"), range, warning},
-        {kWidth, Q("1e99"), range, warning, 0, kRotation, Q("x")},
-        {kSlant, Q("-inf"), invalid, warning},
-        {kSlant, Q("85"), slant85, error},
-        {kSlant, Q("-85"), slant85, error},
-        {kSlant, Q("275"), slant85, error},
-        {kSlant, Q("1e99"), slant85, error},
-        {kSlant, Q("0"), slant85, error, 2},  // North is a quarter turn from East
-        {kRotation, Q("nan"), invalid, warning},
-        {kRotation, QString(10000, u'9'), invalid, warning, 2},
+        {InsText::kHeight, Q("9.9e99"), Q("The value is out of range"), warning, 0, InsText::kLine2,
+         Q("Below")},
+        {InsText::kWidth, Q("nan"), invalid, warning},
+        {InsText::kWidth, Q("0"), range, warning},
+        {InsText::kWidth, Q("0.0099999"), range, warning},
+        {InsText::kWidth, Q("100.0001"), range, warning},
+        {InsText::kWidth, Q("1e99"), range, warning, 0, InsText::kRotation, Q("x")},
+        {InsText::kSlant, Q("-inf"), invalid, warning},
+        {InsText::kSlant, Q("85"), slant85, error},
+        {InsText::kSlant, Q("-85"), slant85, error},
+        {InsText::kSlant, Q("275"), slant85, error},
+        {InsText::kSlant, Q("1e99"), slant85, error},
+        {InsText::kSlant, Q("0"), slant85, error, 2},  // North is a quarter turn from East
+        {InsText::kRotation, QString(10000, u'9'), invalid, warning, 2},
     };
     for (const auto& r : rows) {
         SCOPED_TRACE(r.text.left(20).toStdString() + " in " + std::to_string(r.field));
         Prepare(r.format);
         ScriptedUser user;
-        user.SetText(kLine1, Q("Never")).SetText(kHeight, Q("2")).SetText(kWidth, Q("1"));
-        user.SetText(kRotation, Q("0")).SetText(kSlant, r.format ? Q("100") : Q("0"));
+        user.SetText(InsText::kLine1, Q("Never"))
+            .SetText(InsText::kHeight, Q("2"))
+            .SetText(InsText::kWidth, Q("1"));
+        user.SetText(InsText::kRotation, Q("0"))
+            .SetText(InsText::kSlant, r.format ? Q("100") : Q("0"));
         user.SetText(r.field, r.text);
         if (r.field2)
             user.SetText(r.field2, r.text2);
         bool focused = false, allSelected = false;
-        user.Click(kOk).Answer(ulo::IDOK).Inspect([&](QWidget* w) {
+        user.Click(InsText::kOk).Answer(ulo::IDOK).Inspect([&](QWidget* w) {
             auto* edit = qobject_cast<QLineEdit*>(ulo::FindControl(w, r.field));
             focused = edit && w->focusWidget() == edit;
             allSelected = edit && edit->selectedText() == edit->text() &&
                           (edit->text().isEmpty() || edit->hasSelectedText());
         });
-        user.Click(kCancel);
+        user.Click(InsText::kCancel);
         Run(user);
         ASSERT_EQ(user.Messages().size(), 1u);
         EXPECT_EQ(user.Messages()[0].text, r.message);

@@ -1,177 +1,199 @@
-// The value entry, rotation and text entry dialogs through the factory: the
-// sign rules and their refusals, what each opens with and hands back.
+// The value entry dialogs through the factory: number, rotation, text and
+// password; the sign rules and their refusals, what each opens with and hands
+// back.
 #include <QLineEdit>
 #include <QWidget>
+#include <cstring>
+#include <memory>
+#include <vector>
 
-#include "FactoryFixture.h"
+#include "automation/HostileTexts.h"
+#include "res/templates/ControlIds.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Dialog.h"
 #include "ulo/ctrl/Win.h"
+#include "veld/FileReaderPasswordRequest.h"
 
 using automation::ScriptedUser;
+namespace Number = veld5::ctl::GetDouble;
+namespace Rotate = veld5::ctl::Rotate;
+namespace Text = veld5::ctl::GetString;
+namespace Password = veld5::ctl::Password;
 
-namespace {
-constexpr unsigned kOk = 11196;
-constexpr unsigned kCancel = 11197;
-constexpr unsigned kValue = 11137;
-
-}  // namespace
-
-TEST_F(FactoryTest, GetDoubleRefusesBySignRuleWithItsMessageOrReturnsTheNumber) {
+// The number and the rotation entry. The field opens on "0" under the
+// caller's title (the rotation under its own prompt, the angle type chosen);
+// the sign rules refuse with their message (a text without a number reads as
+// 0, a number beyond a double meets the sign rule first); OK hands back the
+// number with IDOK, or with the code of the rotation type: the reference
+// point types disable the field, which is still read.
+TEST_F(FactoryTest, ValueDialogsApplyTheirRulesAndHandBackTheNumber) {
+    const char* zero = "The value can not be zero";
+    const char* negative = "The value can not be negative";
+    const char* positive = "The value can not be positive";
+    const char* range = "The value is out of range";
     const struct {
-        bool allowNegative, allowZero, allowPositive;
+        const char* signs;  // the signs the number entry allows; null: the rotation
+        unsigned type;      // the rotation type clicked; 0: as it opened
         const char* input;
         const char* refusal;  // null: accepted
-        double accepted;
-    } cases[] = {
-        {false, false, true, "0", "The value can not be zero", 0},
-        {false, false, true, "-1", "The value can not be negative", 0},
-        {false, false, true, "2.5", nullptr, 2.5},
-        {true, false, false, "3", "The value can not be positive", 0},
-        {true, false, false, "-3", nullptr, -3},
-        {false, true, false, "0", nullptr, 0},
-        {false, false, false, "0", "The value can not be zero", 0},
-        {false, false, false, "7", "The value can not be positive", 0},
-        {true, true, true, "12abc", nullptr, 12},
-        // Text that is no number ("nan", "inf") reads as 0 and meets the zero
-        // rule; a number beyond a double meets the sign rule, then is refused.
-        {false, false, false, "nan", "The value can not be zero", 0},
-        {true, true, true, "-inf", nullptr, 0},
-        {true, true, false, "1e309", "The value can not be positive", 0},
-        {false, true, true, "-1e309", "The value can not be negative", 0},
-        {true, true, true, "1e309", "The value is out of range", 0},
-    };
-    for (const auto& c : cases) {
-        ScriptedUser user;
-        user.SetText(kValue, QString::fromUtf8(c.input)).Click(kOk);
-        if (c.refusal)
-            user.Answer(ulo::IDOK).Click(kCancel);
+        long result = ulo::IDCANCEL;
         double value = 12.5;
-        const long result = factory->ShowDlgGetDouble(nullptr, L"Height", value, c.allowNegative,
-                                                      c.allowZero, c.allowPositive);
+        bool enabled = true;  // the field, after the type was clicked
+    } rows[] = {
+        {"+", 0, "0", zero},
+        {"+", 0, "-1", negative},
+        {"+", 0, "2.5", nullptr, ulo::IDOK, 2.5},
+        {"-", 0, "3", positive},
+        {"-", 0, "-3", nullptr, ulo::IDOK, -3},
+        {"0", 0, "0", nullptr, ulo::IDOK, 0},
+        {"", 0, "nan", zero},
+        {"-0", 0, "1e309", positive},
+        {"0+", 0, "-1e309", negative},
+        {"-0+", 0, "1e309", range},
+        {nullptr, 0, "30", nullptr, 6, 30},
+        {nullptr, Rotate::kOnePoint, "30", nullptr, 4, 30, false},
+        {nullptr, Rotate::kTwoPoints, "30", nullptr, 5, 30, false},
+        {nullptr, 0, "-1e309", range},
+    };
+    static_assert(Number::kValue == Rotate::kValue && Number::kOk == Rotate::kOk);
+    for (const auto& r : rows) {
+        SCOPED_TRACE(std::string(r.signs ? r.signs : "rotation") + " " + r.input);
+        ScriptedUser user;
+        QString opened;
+        bool enabled = false;
+        user.Inspect([&](QWidget* w) {
+            auto* d = static_cast<CWSizeDialog*>(w);
+            opened = d->GetDlgItemText(Number::kValue) + u'|' + d->GetDlgItemText(Number::kFrame);
+            if (!r.signs && d->IsDlgButtonChecked(Rotate::kAngle))
+                opened += QStringLiteral("|angle");
+        });
+        user.SetText(Number::kValue, QString::fromUtf8(r.input));
+        if (r.type)
+            user.Click(r.type);
+        user.Inspect(
+                [&](QWidget* w) { enabled = ulo::FindControl(w, Number::kValue)->isEnabled(); })
+            .Click(Number::kOk);
+        if (r.refusal)
+            user.Answer(ulo::IDOK).Click(Number::kCancel);
+        double value = 12.5;
+        const auto allows = [&](char sign) { return std::strchr(r.signs, sign) != nullptr; };
+        const long result = r.signs
+                                ? factory->ShowDlgGetDouble(nullptr, L"Height", value, allows('-'),
+                                                            allows('0'), allows('+'))
+                                : factory->ShowDlgRotate(nullptr, value);
         ExpectFinished(user);
-        const std::string what = std::string(c.input) + (c.allowNegative ? " -" : "") +
-                                 (c.allowZero ? " 0" : "") + (c.allowPositive ? " +" : "");
-        if (c.refusal) {
-            EXPECT_EQ(result, ulo::IDCANCEL) << what;
-            EXPECT_EQ(value, 12.5) << what;
-            ASSERT_EQ(user.Messages().size(), 1u) << what;
-            EXPECT_EQ(user.Messages()[0].text, QString::fromLatin1(c.refusal)) << what;
-            EXPECT_EQ(user.Messages()[0].caption, QStringLiteral("Warning")) << what;
-            EXPECT_EQ(user.Messages()[0].flags, 48u) << what;
-        } else {
-            EXPECT_EQ(result, ulo::IDOK) << what;
-            EXPECT_DOUBLE_EQ(value, c.accepted) << what;
-            EXPECT_TRUE(user.Messages().empty()) << what;
+        EXPECT_EQ(opened, r.signs ? QStringLiteral("0|Height")
+                                  : QStringLiteral("0|Select the rotation type|angle"));
+        EXPECT_EQ(enabled, r.enabled);
+        EXPECT_EQ(result, r.result);
+        EXPECT_EQ(value, r.value);
+        ASSERT_EQ(user.Messages().size(), r.refusal ? 1u : 0u);
+        if (r.refusal) {
+            const auto& m = user.Messages()[0];
+            EXPECT_EQ(m.caption + u'|' + m.text,
+                      QStringLiteral("Warning|") + QLatin1String(r.refusal));
+            EXPECT_EQ(m.flags, 48u);
         }
     }
 }
 
-TEST_F(FactoryTest, GetDoubleOpensOnZeroWithTheTitleAsPrompt) {
-    ScriptedUser user;
-    QString field, frame;
-    user.Inspect([&](QWidget* w) {
-        field = ulo::FindControl(w, kValue)->property("text").toString();
-        frame = static_cast<CWSizeDialog*>(w)->GetDlgItemText(11138);
-    });
-    user.Click(kOk);
-    double value = 12.5;
-    EXPECT_EQ(factory->ShowDlgGetDouble(nullptr, L"Height", value, false, true, false), ulo::IDOK);
-    ExpectFinished(user);
-    EXPECT_EQ(field, QStringLiteral("0"));
-    EXPECT_EQ(frame, QStringLiteral("Height"));
-    EXPECT_EQ(value, 0.0);
-    ASSERT_EQ(user.Dialogs().size(), 1u);
-    EXPECT_EQ(user.Dialogs()[0].help, QStringLiteral("QuadraCE.htm#Dlg InsValore"));
-    EXPECT_EQ(user.Dialogs()[0].templateId, 11012u);
-}
-
-TEST_F(FactoryTest, HelpCommandInAValueDialogChangesNothing) {
-    int hostHelp = 0;
-    ulo::SetHelpCommandHandler([&](QWidget*) { ++hostHelp; });
-    ScriptedUser user;
-    user.SetText(kValue, QStringLiteral("4")).Help().Click(kOk);
-    double value = 0;
-    EXPECT_EQ(factory->ShowDlgGetDouble(nullptr, L"", value, true, true, true), ulo::IDOK);
-    ulo::SetHelpCommandHandler({});
-    ExpectFinished(user);
-    EXPECT_EQ(value, 4.0);
-    EXPECT_EQ(hostHelp, 0);
-}
-
-TEST_F(FactoryTest, RotateReturnsTheCodeOfTheSelectedTypeAndTheNumber) {
-    const struct {
-        unsigned typeButton;  // 0: leave the preset type
-        long code;
-        bool fieldEnabled;
-    } cases[] = {{0, 6, true}, {11204, 4, false}, {11205, 5, false}, {11206, 6, true}};
-    for (const auto& c : cases) {
+// The caller's caption, prompt and text, all of it selected. The answer is
+// the entry as typed, cut to 511 characters without splitting a character, or
+// the caller's text when the entry is empty: every text of the hostile corpus
+// comes back so.
+TEST_F(FactoryTest, GetStringReturnsTheEntryCutTo511Characters) {
+    QString error;
+    QStringList texts = automation::HostileTexts(&error);
+    ASSERT_GE(texts.size(), 30) << error.toStdString();
+    const QString x510(510, u'x');
+    const QMap<QString, QString> exact = {{QString(), QStringLiteral("Name A")},
+                                          {QString(600, u'x'), QString(511, u'x')},
+                                          // An emoji across the cut is dropped whole.
+                                          {x510 + QStringLiteral("\U0001F4D0y"), x510}};
+    texts += exact.keys();
+    for (const QString& text : texts) {
+        const std::string name = automation::Printable(text).toStdString();
+        SCOPED_TRACE(name);
         ScriptedUser user;
-        bool enabledAtStart = false, presetChecked = false, enabledAfter = false;
-        QString presetLabel;
+        QString opened, shown;
+        const auto edit = [](QWidget* w) {
+            return static_cast<QLineEdit*>(ulo::FindControl(w, Text::kText));
+        };
         user.Inspect([&](QWidget* w) {
-            enabledAtStart = ulo::FindControl(w, kValue)->isEnabled();
-            presetChecked = static_cast<CWSizeDialog*>(w)->IsDlgButtonChecked(11206);
-            presetLabel = static_cast<CWSizeDialog*>(w)->GetDlgItemText(11206);
-        });
-        user.SetText(kValue, QStringLiteral("30"));
-        if (c.typeButton)
-            user.Click(c.typeButton);
-        user.Inspect([&](QWidget* w) { enabledAfter = ulo::FindControl(w, kValue)->isEnabled(); });
-        user.Click(kOk);
-        double angle = 1.0;
-        EXPECT_EQ(factory->ShowDlgRotate(nullptr, angle), c.code) << c.typeButton;
+                opened = w->windowTitle() + u'|' +
+                         static_cast<CWSizeDialog*>(w)->GetDlgItemText(Text::kPrompt) + u'|' +
+                         edit(w)->text() + u'|' + edit(w)->selectedText();
+            })
+            .SetText(Text::kText, text)
+            .Inspect([&](QWidget* w) { shown = edit(w)->text(); })
+            .Click(Text::kOk);
+        ulo::WString result(L"Name A");
+        EXPECT_TRUE(factory->ShowDlgGetString(nullptr, L"Rename", L"New name:", result));
         ExpectFinished(user);
-        EXPECT_TRUE(enabledAtStart);
-        EXPECT_TRUE(presetChecked);
-        EXPECT_EQ(presetLabel, QStringLiteral("Rotation angle specification"));
-        EXPECT_EQ(enabledAfter, c.fieldEnabled) << c.typeButton;
-        EXPECT_EQ(angle, 30.0) << c.typeButton;  // a disabled field keeps its text, still read
-        ASSERT_FALSE(user.Dialogs().empty());
-        EXPECT_EQ(user.Dialogs()[0].help, QStringLiteral("QuadraCE.htm#Dlg ScegliRotazione"));
-        EXPECT_EQ(user.Dialogs()[0].templateId, 11068u);
+        EXPECT_EQ(opened, QStringLiteral("Rename|New name:|Name A|Name A"));
+        EXPECT_EQ(shown, text.left(QLineEdit().maxLength()));
+        // Wide strings hold no lone surrogate: both sides meet the same conversion.
+        const std::wstring typed = ulo::WString::FromQString(text).str();
+        if (exact.contains(text)) {
+            EXPECT_EQ(result.ToQString(), exact.value(text));
+        } else {
+            EXPECT_LE(result.Length(), 511u);
+            EXPECT_EQ(typed.substr(0, result.Length()), result.str());
+        }
     }
 }
 
-TEST_F(FactoryTest, GetStringShowsCallerTextAndPrompt) {
-    ScriptedUser user;
-    QString title, prompt, text, selected;
-    user.Inspect([&](QWidget* w) {
-        title = w->windowTitle();
-        prompt = static_cast<CWSizeDialog*>(w)->GetDlgItemText(11213);
-        auto* e = static_cast<QLineEdit*>(ulo::FindControl(w, 11212));
-        text = e->text();
-        selected = e->selectedText();
-    });
-    user.Type(11212, QStringLiteral(" B")).Click(kOk);
-    ulo::WString result(L"Name A");
-    EXPECT_TRUE(factory->ShowDlgGetString(nullptr, L"Rename", L"New name:", result));
-    ExpectFinished(user);
-    EXPECT_EQ(title, QStringLiteral("Rename"));
-    EXPECT_EQ(prompt, QStringLiteral("New name:"));
-    EXPECT_EQ(text, QStringLiteral("Name A"));
-    EXPECT_EQ(selected, QStringLiteral("Name A"));
-    EXPECT_EQ(result, L"Name A B");
-}
-
-TEST_F(FactoryTest, GetStringReturnsTheEntryCutTo511CharactersOrKeepsTheCallersText) {
-    const QString x510(510, QLatin1Char('x'));
-    const struct {
-        QString typed;
-        unsigned button;
-        QString result;
-    } rows[] = {
-        {QString(), kOk, QStringLiteral("kept")},
-        {QStringLiteral("other"), kCancel, QStringLiteral("kept")},
-        {QString(600, QLatin1Char('x')), kOk, QString(511, QLatin1Char('x'))},
-        // An emoji across the cut is dropped whole, never split in half.
-        {x510 + QStringLiteral("\U0001F4D0y"), kOk, x510},
+// Typed key by key, letters whose capitals are longer keep the cursor after
+// them; every text of the hostile corpus is stored as the field shows it.
+TEST_F(FactoryTest, PasswordIsMaskedAndStoredAsCapitals) {
+    std::unique_ptr<veld::IFileReaderPasswordRequest> request(
+        factory->GetDlgPasswordRequest(nullptr));
+    struct Row {
+        QString typed, stored;
+        bool byKeys;
     };
-    for (const auto& r : rows) {
+    std::vector<Row> rows = {
+        {QStringLiteral("\u00dfe"), QStringLiteral("SSE"), true},
+        {QStringLiteral("\ufb00x\u0149y"), QStringLiteral("FFX\u02bcNY"), true},
+        {QString(), QString(), true},  // OK at once: an empty password
+    };
+    QString error;
+    for (const QString& text : automation::HostileTexts(&error))
+        rows.push_back({text, text.toUpper().left(QLineEdit().maxLength()), false});
+    ASSERT_GE(rows.size(), 33u) << error.toStdString();
+    for (const Row& r : rows) {
+        SCOPED_TRACE(automation::Printable(r.typed).toStdString());
         ScriptedUser user;
-        user.SetText(11212, r.typed).Click(r.button);
-        ulo::WString result(L"kept");
-        EXPECT_EQ(factory->ShowDlgGetString(nullptr, L"t", L"p", result), r.button == kOk);
+        QString shown;  // "unmasked" when the field shows the letters
+        if (r.byKeys)
+            user.Type(Password::kPassword, r.typed);
+        else
+            user.SetText(Password::kPassword, r.typed);
+        user.Inspect([&](QWidget* w) {
+            auto* e = static_cast<QLineEdit*>(ulo::FindControl(w, Password::kPassword));
+            shown = e->echoMode() == QLineEdit::Password ? e->text() : QStringLiteral("unmasked");
+        });
+        user.Click(Password::kOk);
+        ulo::WString password(L"old");
+        EXPECT_TRUE(request->RequestPassword(password, L"plan.veld"));
         ExpectFinished(user);
-        EXPECT_EQ(result.ToQString(), r.result) << r.typed.size();
+        EXPECT_EQ(shown, r.stored);
+        EXPECT_EQ(password, ulo::WString::FromQString(r.stored));  // no lone surrogate
     }
+}
+
+TEST_F(FactoryTest, PasswordOkIsEnabledUntilTheFieldFirstBecomesEmpty) {
+    std::unique_ptr<veld::IFileReaderPasswordRequest> request(
+        factory->GetDlgPasswordRequest(nullptr));
+    ScriptedUser user;
+    bool atStart = false, afterErase = true;
+    user.Inspect([&](QWidget* w) { atStart = ulo::FindControl(w, Password::kOk)->isEnabled(); });
+    user.Type(Password::kPassword, QStringLiteral("a")).Key(Password::kPassword, Qt::Key_Backspace);
+    user.Inspect([&](QWidget* w) { afterErase = ulo::FindControl(w, Password::kOk)->isEnabled(); });
+    user.Click(Password::kCancel);
+    ulo::WString password(L"before");
+    EXPECT_FALSE(request->RequestPassword(password, L"plan.veld"));
+    ExpectFinished(user);
+    EXPECT_TRUE(atStart);
+    EXPECT_FALSE(afterErase);
 }

@@ -1,6 +1,6 @@
 // Every template in every layout: controls inside the dialog, no unintended
 // overlap, every label fits its control, the contents of a group box inside its
-// frame, and the same controls everywhere.
+// frame, and the same controls everywhere; the screen shapes behind the layouts.
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
@@ -196,17 +196,21 @@ TEST(TemplateCatalogue, TwentyFourTemplatesWithTheirSizes) {
         const auto& t = templates[i];
         EXPECT_EQ(t.baseId, 11000u + 4 * i);
         const bool wide = t.baseId == 11000 || t.baseId == 11060 || t.baseId == 11076;
-        if (!t.childPage) {
-            EXPECT_EQ(t.size[0].w, wide ? 139 : 138) << t.baseId;
-            EXPECT_EQ(t.size[0].h, 167);
-            EXPECT_EQ(t.size[1].w, 138);
-            EXPECT_EQ(t.size[1].h, 217);
-            EXPECT_EQ(t.size[2].w, 179);
-            EXPECT_EQ(t.size[3].w, 229);
-            EXPECT_EQ(t.size[3].h, 120);
-        }
+        const ulo::DlgSize sizes[] = {
+            {short(wide ? 139 : 138), 167}, {138, 217}, {179, 120}, {229, 120}};
+        for (int v = 0; v < 4 && !t.childPage; ++v)
+            EXPECT_TRUE(t.size[v].w == sizes[v].w && t.size[v].h == sizes[v].h) << t.baseId;
         if (t.helpTopic) {
             EXPECT_EQ(std::wstring(t.helpTopic).rfind(L"QuadraCE.htm#Dlg ", 0), 0u);
         }
     }
+}
+
+TEST(LayoutRule, ScreenShapesMapToTheirLayouts) {
+    struct {
+        int w, h, layout;
+    } const rows[] = {{240, 320, 0}, {320, 320, 0}, {480, 800, 1}, {240, 400, 1},  {320, 240, 2},
+                      {800, 600, 2}, {800, 480, 2}, {854, 480, 3}, {1920, 1080, 3}};
+    for (const auto& r : rows)
+        EXPECT_EQ(CPalmDevice::LayoutForScreen(r.w, r.h), r.layout) << r.w << "x" << r.h;
 }

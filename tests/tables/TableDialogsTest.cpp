@@ -11,10 +11,10 @@
 
 #include <QJsonArray>
 
-#include "../factory/FactoryFixture.h"
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Win.h"
 #include "veld/Data.h"
 

@@ -7,10 +7,10 @@
 #include <QMessageBox>
 #include <random>
 
-#include "../factory/FactoryFixture.h"
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
+#include "support/FactoryFixture.h"
 #include "ulo/ctrl/Win.h"
 
 using automation::ScriptedUser;

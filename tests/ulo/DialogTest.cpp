@@ -28,8 +28,12 @@ const CtrlTemplate kDialogControls[] = {
     {kOk, CtrlKind::PushButton, L"OK", kDefault, ALL4(at(4, 80, 40, 14))},
     {kCancel, CtrlKind::PushButton, L"Cancel", 0, ALL4(at(50, 80, 40, 14))},
 };
+const CtrlTemplate kPageControls[] = {
+    {640, CtrlKind::Edit, L"", kBorder, ALL4(at(2, 2))},
+};
 const DialogTemplate kTemplates[] = {
-    {500, L"Test dialog", nullptr, false, ALL4((DlgSize{138, 100})), kDialogControls},
+    {500, L"Test dialog", nullptr, false, ALL4((DlgSize{138, 100})), kDialogControls, kOk, kCancel},
+    {510, L"", nullptr, true, ALL4((DlgSize{100, 40})), kPageControls},
 };
 const CResourceModule kModule("dialog-test", {}, kTemplates);
 
@@ -43,15 +47,15 @@ struct ModuleScope {
 class Recording : public CExDialog {
 public:
     explicit Recording(unsigned templateId, CWnd* parent = nullptr)
-        : CExDialog(templateId, parent) {
-        SetOkCancelIds(kOk, kCancel);
-    }
+        : CExDialog(templateId, parent) {}
     std::string calls;
+    int endWhileSettingUp = 0;  // a code for EndDialog in OnInitDialog
 
 protected:
-    BOOL OnInitDialog() override {
+    void OnInitDialog() override {
         calls += "init ";
-        return CExDialog::OnInitDialog();
+        if (endWhileSettingUp)
+            EndDialog(endWhileSettingUp);
     }
     void OnOK() override {
         calls += "ok ";
@@ -104,4 +108,18 @@ TEST(Dialog, ATemplateNoModuleHoldsFailsWithoutShowing) {
     AfxSetResourceHandle(nullptr);  // no module at all
     Recording none(500);
     EXPECT_EQ(none.DoModal(), -1);
+}
+
+TEST(Dialog, ADialogThatEndsWhileItSetsItselfUpIsNeverShown) {
+    ModuleScope scope;
+    automation::ScriptedUser user;
+    Recording dialog(500);
+    dialog.endWhileSettingUp = 7;
+    EXPECT_EQ(dialog.DoModal(), 7);
+    EXPECT_EQ(dialog.calls, "init ");
+    EXPECT_TRUE(user.Dialogs().empty());
+    QWidget container;
+    Recording page(510);
+    page.endWhileSettingUp = 3;
+    EXPECT_FALSE(page.Create(510, &container));
 }

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "ulo/HelpTopic.h"
 #include "ulo/ResourceModule.h"
 #include "ulo/Xlate.h"
 
@@ -120,6 +121,10 @@ bool CWSizeDialog::Build(CWnd* parent, bool child) {
     const TemplateFont& font = templateFont(*template_);
     setFont(font.font);
     units_ = &font.units;
+    if (template_->okId)
+        okId_ = template_->okId;
+    if (template_->cancelId)
+        cancelId_ = template_->cancelId;
 
     const DlgSize size = template_->size[variant_];
     const QSize pixels(units_->X(size.w), units_->Y(size.h));
@@ -254,28 +259,31 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
         const unsigned id = ctrl.id;
         connect(button, &QAbstractButton::clicked, this, [this, id] { OnCommand(id); });
     }
+    if (ctrl.id == template_->okId || ctrl.id == template_->cancelId)
+        if (auto* button = qobject_cast<CColButton*>(w))
+            button->SetBtnColor(0, 2);
     return w;
 }
 
 INT_PTR CWSizeDialog::DoModal() {
     if (!Build(parentWidget(), false))
         return -1;
-    if (!OnInitDialog()) {
-        // The dialog reported failure of its own set-up.
-    }
+    if (!Initialise())
+        return result();  // ended while it set itself up: never shown
     return exec();
 }
 
 bool CWSizeDialog::Create(unsigned templateId, CWnd* parent) {
     templateId_ = templateId;
-    if (!Build(parent, true))
-        return false;
-    OnInitDialog();
-    return true;
+    return Build(parent, true) && Initialise();
 }
 
-BOOL CWSizeDialog::OnInitDialog() {
-    return TRUE;
+bool CWSizeDialog::Initialise() {
+    if (template_->helpTopic)
+        SetHelpTopic(WString(template_->helpTopic));
+    ended_ = false;
+    OnInitDialog();
+    return !ended_;
 }
 void CWSizeDialog::OnOK() {
     EndDialog(IDOK);
@@ -294,7 +302,8 @@ bool CWSizeDialog::OnCommand(unsigned id) {
         return true;
     }
     if (id == ID_HELP) {
-        InvokeHelpCommand(this);
+        if (!(template_ && template_->helpByTopicOnly))
+            InvokeHelpCommand(this);
         return true;
     }
     return false;
@@ -304,12 +313,8 @@ QWidget* CWSizeDialog::CreateCustomControl(const CtrlTemplate&, QWidget*) {
     return nullptr;
 }
 
-void CWSizeDialog::SetOkCancelIds(unsigned okId, unsigned cancelId) {
-    okId_ = okId;
-    cancelId_ = cancelId;
-}
-
 void CWSizeDialog::EndDialog(int code) {
+    ended_ = true;
     done(code);
 }
 
@@ -409,6 +414,13 @@ unsigned CWSizeDialog::GetCheckedRadioButton(unsigned first, unsigned last) cons
         if (IsDlgButtonChecked(i))
             return i;
     return 0;
+}
+
+void CExDialog::SetActive() {
+    // Help follows the page in front, also when the user comes back to it.
+    if (const DialogTemplate* t = GetTemplate(); t && t->helpTopic)
+        SetHelpTopic(WString(t->helpTopic));
+    OnSetActive();
 }
 
 void CExDialog::SetWindowedMode(bool windowed, bool child, int left, int top, int width,

@@ -3,6 +3,10 @@
 // current resource module (the variant id it was constructed with), runs
 // modally with DoModal and ends with an integer code (IDOK 1, IDCANCEL 2, or
 // any other code given to EndDialog).
+//
+// What the template says, the base applies: the help topic when the dialog
+// opens (and when a page comes to the front), the OK and Cancel ids and their
+// standard colours, and whether the help key reaches the host.
 #include <QDialog>
 #include <QPointer>
 #include <unordered_map>
@@ -46,10 +50,14 @@ public:
     CWSizeDialog(unsigned templateId, CWnd* parent);
     ~CWSizeDialog() override;
 
-    /// Builds the dialog, calls OnInitDialog and runs the modal loop. Returns
-    /// the end code, or -1 when the template does not exist.
+    /// Builds the dialog, announces its help topic, calls OnInitDialog and
+    /// runs the modal loop. Returns the end code; -1 when the template does
+    /// not exist; the code given to EndDialog when OnInitDialog ended the
+    /// dialog (it is then never shown).
     virtual INT_PTR DoModal();
-    /// Builds the dialog as a child window of @p parent (pages of a container).
+    /// Builds the dialog as a child window of @p parent (pages of a
+    /// container) and initialises it as DoModal does; false when the template
+    /// does not exist or OnInitDialog ended the dialog.
     bool Create(unsigned templateId, CWnd* parent);
 
     unsigned GetTemplateId() const { return templateId_; }
@@ -85,21 +93,23 @@ public:
     void SendCommand(unsigned id) { OnCommand(id); }
 
 protected:
-    virtual BOOL OnInitDialog();
+    /// Fills the built dialog before it shows. Focus a dialog gives a control
+    /// here stays; otherwise the first control of the tab order gets it. A
+    /// dialog that cannot open calls EndDialog here (DoModal then returns
+    /// that code without showing it).
+    virtual void OnInitDialog() {}
     /// Standard OK: ends with IDOK.
     virtual void OnOK();
     /// Standard Cancel: ends with IDCANCEL.
     virtual void OnCancel();
     /// A command from a control (button click) or the help key. Returns true
     /// when handled. The default routes the OK and Cancel ids to OnOK and
-    /// OnCancel and passes ID_HELP to the host's help.
+    /// OnCancel and passes ID_HELP to the host's help, unless the template
+    /// keeps the dialog's help to its topic.
     virtual bool OnCommand(unsigned id);
     /// Lets a dialog build its own widget for a control; null builds the
     /// toolkit's widget for the control's kind.
     virtual QWidget* CreateCustomControl(const CtrlTemplate& ctrl, QWidget* parent);
-    /// Ids that act as OK and Cancel (default 1 and 2).
-    void SetOkCancelIds(unsigned okId, unsigned cancelId);
-
     void reject() override;
     void accept() override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -112,11 +122,15 @@ protected:
 private:
     bool Build(CWnd* parent, bool child);
     QWidget* BuildControl(const CtrlTemplate& ctrl, int variant);
+    /// Announces the help topic and runs OnInitDialog; false when it ended
+    /// the dialog.
+    bool Initialise();
 
     unsigned templateId_;
     const DialogTemplate* template_ = nullptr;
     int variant_ = 0;
     bool built_ = false;
+    bool ended_ = false;  // EndDialog was called
     unsigned okId_ = IDOK;
     unsigned cancelId_ = IDCANCEL;
     const CDialogUnits* units_ = nullptr;
@@ -128,12 +142,16 @@ class CExDialog : public CWSizeDialog {
 public:
     CExDialog(unsigned templateId, CWnd* parent) : CWSizeDialog(templateId, parent) {}
 
-    /// Page hooks of a container: fill the page (SetActive) or write it back
-    /// (KillActive).
-    virtual void SetActive() {}
+    /// Page hooks of a container. SetActive brings the page to the front:
+    /// its help topic is announced again, then OnSetActive fills it.
+    /// KillActive writes it back as it is left.
+    void SetActive();
     virtual void KillActive() {}
     /// Prepares creation as a child page placed at (left, top, width, height).
     void SetWindowedMode(bool windowed, bool child, int left, int top, int width, int height);
+
+protected:
+    virtual void OnSetActive() {}
 };
 
 /// The host's handling of the help command (ID_HELP) that a dialog does not

@@ -294,26 +294,26 @@ const CtrlTemplate c11092[] = {
 
 }  // namespace
 
-const DialogTemplate k11004{11004, L"Image calibration", L"QuadraCE.htm#Dlg Calibra Immagine", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11004};
-const DialogTemplate k11008{11008, L"Cursor option", L"QuadraCE.htm#Dlg OpzCursore", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11008};
-const DialogTemplate k11020{11020, L"Grid & Snap", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11020};
-const DialogTemplate k11024{11024, L"Text insert", L"QuadraCE.htm#Dlg InsGrafText", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11024};
-const DialogTemplate k11028{11028, L"Layers", L"QuadraCE.htm#Dlg OpzPiano", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11028};
-const DialogTemplate k11032{11032, L"Lines", L"QuadraCE.htm#Dlg OpzTipoLinea", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11032};
-const DialogTemplate k11036{11036, L"Loading Line Type", L"QuadraCE.htm#Dlg LoadTipoLinea", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11036};
-const DialogTemplate k11040{11040, L"Angle system", L"QuadraCE.htm#Dlg AngleSystem", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11040};
-const DialogTemplate k11044{11044, L"Color options", L"QuadraCE.htm#Dlg OpzColori", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11044};
-const DialogTemplate k11048{11048, L"General options", L"QuadraCE.htm#Dlg OpzGeneriche", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11048};
-const DialogTemplate k11052{11052, L"New style", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11052};
-const DialogTemplate k11056{11056, L"Text style", L"QuadraCE.htm#Dlg OpzStili", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11056};
-const DialogTemplate k11060{11060, L"Snap type selection", L"QuadraCE.htm#Dlg SelTypeSnap", false, {{139, 167}, {138, 217}, {179, 120}, {229, 120}}, c11060};
-const DialogTemplate k11064{11064, L"Entity property", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11064};
-const DialogTemplate k11072{11072, L"Snap - Enter the coordinates", L"QuadraCE.htm#Dlg InsGrafCoord", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11072};
-const DialogTemplate k11076{11076, L"Entity sets", nullptr, false, {{139, 167}, {138, 217}, {179, 120}, {229, 120}}, c11076};
-const DialogTemplate k11080{11080, L"Edit hatch", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11080};
-const DialogTemplate k11084{11084, L"", L"QuadraCE.htm#Dlg OpzGrid", true, {{133, 112}, {133, 167}, {178, 90}, {229, 90}}, c11084};
-const DialogTemplate k11088{11088, L"", L"QuadraCE.htm#Dlg OpzSnap", true, {{133, 113}, {133, 167}, {179, 92}, {229, 92}}, c11088};
-const DialogTemplate k11092{11092, L"Select Type Line", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11092};
+const DialogTemplate k11004{11004, L"Image calibration", L"QuadraCE.htm#Dlg Calibra Immagine", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11004, 11175, 11174};
+const DialogTemplate k11008{11008, L"Cursor option", L"QuadraCE.htm#Dlg OpzCursore", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11008, 11196, 11197};
+const DialogTemplate k11020{11020, L"Grid & Snap", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11020, 11196, 11197};
+const DialogTemplate k11024{11024, L"Text insert", L"QuadraCE.htm#Dlg InsGrafText", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11024, 11196, 11197, true};
+const DialogTemplate k11028{11028, L"Layers", L"QuadraCE.htm#Dlg OpzPiano", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11028, 1, 2};
+const DialogTemplate k11032{11032, L"Lines", L"QuadraCE.htm#Dlg OpzTipoLinea", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11032, 1, 2};
+const DialogTemplate k11036{11036, L"Loading Line Type", L"QuadraCE.htm#Dlg LoadTipoLinea", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11036, 1, 2};
+const DialogTemplate k11040{11040, L"Angle system", L"QuadraCE.htm#Dlg AngleSystem", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11040, 11196, 11197, true};
+const DialogTemplate k11044{11044, L"Color options", L"QuadraCE.htm#Dlg OpzColori", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11044, 11196, 11197, true};
+const DialogTemplate k11048{11048, L"General options", L"QuadraCE.htm#Dlg OpzGeneriche", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11048, 11196, 11197};
+const DialogTemplate k11052{11052, L"New style", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11052, 11196, 11197};
+const DialogTemplate k11056{11056, L"Text style", L"QuadraCE.htm#Dlg OpzStili", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11056, 11196, 11197};
+const DialogTemplate k11060{11060, L"Snap type selection", L"QuadraCE.htm#Dlg SelTypeSnap", false, {{139, 167}, {138, 217}, {179, 120}, {229, 120}}, c11060, 11196, 11197};
+const DialogTemplate k11064{11064, L"Entity property", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11064, 11196, 11197};
+const DialogTemplate k11072{11072, L"Snap - Enter the coordinates", L"QuadraCE.htm#Dlg InsGrafCoord", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11072, 11196, 11197};
+const DialogTemplate k11076{11076, L"Entity sets", nullptr, false, {{139, 167}, {138, 217}, {179, 120}, {229, 120}}, c11076, 1, 2};
+const DialogTemplate k11080{11080, L"Edit hatch", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11080, 11207, 11208};
+const DialogTemplate k11084{11084, L"", L"QuadraCE.htm#Dlg OpzGrid", true, {{133, 112}, {133, 167}, {178, 90}, {229, 90}}, c11084, 0, 0, true};
+const DialogTemplate k11088{11088, L"", L"QuadraCE.htm#Dlg OpzSnap", true, {{133, 113}, {133, 167}, {179, 92}, {229, 92}}, c11088, 0, 0, true};
+const DialogTemplate k11092{11092, L"Select Type Line", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11092, 1163, 1164};
 // clang-format on
 
 }  // namespace veld5::tpl

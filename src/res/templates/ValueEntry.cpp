@@ -43,10 +43,10 @@ const CtrlTemplate c11068[] = {
 
 }  // namespace
 
-const DialogTemplate k11000{11000, L"Insert password", nullptr, false, {{139, 167}, {138, 217}, {179, 120}, {229, 120}}, c11000};
-const DialogTemplate k11012{11012, L"Enter...", L"QuadraCE.htm#Dlg InsValore", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11012};
-const DialogTemplate k11016{11016, L"Enter...", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11016};
-const DialogTemplate k11068{11068, L"Enter...", L"QuadraCE.htm#Dlg ScegliRotazione", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11068};
+const DialogTemplate k11000{11000, L"Insert password", nullptr, false, {{139, 167}, {138, 217}, {179, 120}, {229, 120}}, c11000, 11196, 11197};
+const DialogTemplate k11012{11012, L"Enter...", L"QuadraCE.htm#Dlg InsValore", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11012, 11196, 11197, true};
+const DialogTemplate k11016{11016, L"Enter...", nullptr, false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11016, 11196, 11197};
+const DialogTemplate k11068{11068, L"Enter...", L"QuadraCE.htm#Dlg ScegliRotazione", false, {{138, 167}, {138, 217}, {179, 120}, {229, 120}}, c11068, 11196, 11197, true};
 // clang-format on
 
 }  // namespace veld5::tpl
