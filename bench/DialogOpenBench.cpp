@@ -173,10 +173,8 @@ struct Bench {
             closing = true;
         }
         closer.copyInto = shape;
-        veldplay::OperationCall call;
-        call.factory = factory;
-        call.host = &host;
-        veldplay::Operations().value(op)(call);
+        catalogue::Call call = veldplay::NewCall(factory, host);
+        catalogue::Find(op)->Run(call);
     }
     static void OpenBare(const Shape& shape) {
         BareDialog d(shape);
@@ -238,7 +236,7 @@ int opensOnly(const QStringList& args) {
         else if (args[i] == QLatin1String("--bare"))
             bare = true;
     }
-    if (!veldplay::Operations().contains(op))
+    if (!catalogue::Find(op))
         return std::fprintf(stderr, "bench_dialog_open: no operation %s\n", qPrintable(op)), 2;
     CPalmDevice::SetLayoutOverride(layout);
     Bench& b = bench();

@@ -4,6 +4,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -22,6 +23,7 @@
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/view/VELDView.h"
+#include "automation/OperationCatalogue.h"
 #include "ulo/HelpTopic.h"
 #include "ulo/PalmDevice.h"
 #include "veld/EntCollection.h"
@@ -266,6 +268,56 @@ void DemoWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
 }
 
+namespace {
+/// Notes whether a dialog or a message box was shown while it lives.
+class DialogWatch : public QObject {
+public:
+    DialogWatch() { qApp->installEventFilter(this); }
+    ~DialogWatch() override { qApp->removeEventFilter(this); }
+    bool seen = false;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        seen = seen || (event->type() == QEvent::Show && qobject_cast<QDialog*>(watched));
+        return false;
+    }
+};
+}  // namespace
+
+// Whether an operation's dialog is built is found when its entry is first
+// used: the operation runs for the user, and when no dialog appeared it is
+// not built and its entry is disabled from then on. So no window ever shows
+// but the one the user asked for; finding it out at start would open every
+// dialog, flashing on the screen (or hidden by tricks of the window system),
+// and cost every start the time of a dozen dialogs.
+void DemoWindow::RunOperation(const catalogue::Operation& op, QAction* action, QToolBar* bar) {
+    DemoContext context{&cad_, view_, tapped_};
+    catalogue::Call call{.factory = factory_,
+                         .parent = this,
+                         .cad = &cad_,
+                         .view = view_,
+                         .selLtype = selLtype_,
+                         .loadLtype = loadLtype_};
+    const DemoUse use = DemoUseOf(op);
+    QString line = use.before ? use.before(context, call) : QString();
+    if (line.isEmpty()) {
+        DialogWatch watch;
+        const QJsonValue result = op.Run(call);
+        if (!call.error.isEmpty()) {
+            line = call.error;
+        } else if (!watch.seen) {
+            line = QStringLiteral("not yet built");
+            action->setEnabled(false);
+            action->setToolTip(line);
+            bar->removeAction(action);
+        } else {
+            line = use.after ? use.after(context, call, result) : ReportLine(call, result);
+        }
+    }
+    Log(QStringLiteral("%1: %2").arg(QString::fromLatin1(op.name), line));
+    view_->Redraw();  // a grid edited in place comes without a notification
+}
+
 void DemoWindow::BuildMenus() {
     QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
     file->addAction(QStringLiteral("&New"), QKeySequence::New, this, [this] {
@@ -303,19 +355,13 @@ void DemoWindow::BuildMenus() {
     bar->addAction(redo_);
 
     QMenu* dialogs = menuBar()->addMenu(QStringLiteral("&Dialogs"));
-    for (const DemoOperation& op : DemoOperations()) {
+    for (const catalogue::Operation& op : catalogue::Operations()) {
         QAction* a = dialogs->addAction(QString::fromLatin1(op.label));
         a->setObjectName(QString::fromLatin1(op.name));
-        const bool usable = op.built && factory_;
-        a->setEnabled(usable);
-        a->setToolTip(op.built ? QString::fromLatin1(op.name) : QStringLiteral("not yet built"));
-        connect(a, &QAction::triggered, this, [this, &op] {
-            DemoContext context{factory_, &cad_, view_, this, tapped_, selLtype_, loadLtype_};
-            const QString result = op.run(context);
-            Log(QStringLiteral("%1: %2").arg(QString::fromLatin1(op.name), result));
-            view_->Redraw();  // a grid edited in place comes without a notification
-        });
-        if (usable)
+        a->setEnabled(factory_ != nullptr);
+        a->setToolTip(a->objectName());
+        connect(a, &QAction::triggered, this, [this, a, bar, &op] { RunOperation(op, a, bar); });
+        if (factory_)
             bar->addAction(a);
     }
     dialogs->setToolTipsVisible(true);

@@ -1,8 +1,8 @@
 #pragma once
 // The demo host's main window: a small editor on one drawing. It loads the
 // dialog library at run time and reaches it only through the factory, draws
-// the drawing in a view (pan, zoom, tap to select), offers every factory
-// operation from a menu and a toolbar, keeps the undo list, and opens and
+// the drawing in a view (pan, zoom, tap to select), offers every operation of
+// the catalogue from a menu and a toolbar, keeps the undo list, and opens and
 // saves drawing files, sealed with a password when asked.
 #include <QMainWindow>
 #include <memory>
@@ -16,6 +16,10 @@ class LauncherListener;
 class QAction;
 class QLabel;
 class QPlainTextEdit;
+class QToolBar;
+namespace catalogue {
+struct Operation;
+}
 
 class DemoWindow : public QMainWindow {
     Q_OBJECT
@@ -38,6 +42,8 @@ private:
     void StartLauncherListener();
     bool LoadLibrary(const QString& path);
     void BuildMenus();
+    /// Runs @p op from its menu entry @p action (and toolbar button).
+    void RunOperation(const catalogue::Operation& op, QAction* action, QToolBar* bar);
     void Log(const QString& line);
     void OnChange(CVELD::Change why);
     void UpdateTitle();

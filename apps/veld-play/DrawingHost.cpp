@@ -3,11 +3,11 @@
 #include <QJsonDocument>
 #include <QMap>
 
-#include "ScriptNumbers.h"
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
 #include "app/view/VELDView.h"
+#include "automation/ScriptNumbers.h"
 #include "veld/EntCollection.h"
 #include "veld/FileReaderPasswordRequest.h"
 
@@ -63,7 +63,7 @@ QString DrawingHost::Select(const std::vector<Word>& words) {
     for (std::size_t i = 1; i < words.size(); ++i) {
         QString why;
         const std::optional<std::uint64_t> handle =
-            words[i].quoted ? std::nullopt : ReadUInt64(words[i].text, why);
+            words[i].quoted ? std::nullopt : automation::ReadUInt64(words[i].text, why);
         if (!handle)
             return QStringLiteral("select: %1 is not a handle").arg(words[i].text);
         veld::CEnt* entity = cad_->GetData()->GetEntTable().Find(*handle);

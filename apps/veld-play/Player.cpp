@@ -4,70 +4,69 @@
 #include <cmath>
 
 #include "PlayHost.h"
-#include "ScriptNumbers.h"
+#include "automation/ScriptNumbers.h"
 #include "automation/ScriptedUser.h"
+#include "linetypes/LtypePickers.h"
 #include "ulo/NumberText.h"
 #include "ulo/PalmDevice.h"
 #include "ulo/ctrl/Win.h"
 
 namespace veldplay {
 
-template <class T, class Reader>
-T OperationCall::Read(const QString& name, T fallback, Reader read) {
-    if (!args.contains(name))
-        return fallback;
-    QString why;
-    if (const std::optional<T> v = read(args.value(name), why))
-        return *v;
-    if (error.isEmpty())
-        error = QStringLiteral("argument %1: %2").arg(name, why);
-    return fallback;
+using automation::ReadDouble;
+using automation::ReadInt;
+using automation::ReadUnsigned;
+
+catalogue::Call NewCall(IVELDDlgFactory* factory, PlayHost& host) {
+    return catalogue::Call{.factory = factory,
+                           .cad = host.GetCAD(),
+                           .view = host.GetView(),
+                           .selLtype = &ShowDlgSelLtype,
+                           .loadLtype = &ShowDlgLoadLtype};
 }
 
-double OperationCall::Number(const QString& name, double fallback) {
-    const double v = Read(name, fallback, ReadDouble);
-    numberInputs.insert(name, v);
-    return v;
+QStringList BuiltOperations(IVELDDlgFactory* factory, PlayHost& host) {
+    QStringList built;
+    for (const catalogue::Operation& op : catalogue::Operations()) {
+        bool shown = false;
+        automation::ScriptedUser user;
+        user.whenIdle = [&](QWidget*) {
+            shown = true;
+            user.Close();  // closed as its close box would: nothing changes
+        };
+        catalogue::Call call = NewCall(factory, host);
+        op.Run(call);
+        if (shown)
+            built << QLatin1String(op.name);
+    }
+    built.sort();
+    return built;
 }
 
-short OperationCall::Short(const QString& name, short fallback) {
-    const short v = Read(name, fallback, ReadShort);
-    numberInputs.insert(name, v);
-    return v;
-}
-
-int OperationCall::Int(const QString& name, int fallback) {
-    const int v = Read(name, fallback, ReadInt);
-    numberInputs.insert(name, v);
-    return v;
-}
-
-bool OperationCall::Flag(const QString& name, bool fallback) {
-    return Read(name, fallback, ReadBool);
-}
-
-QString OperationCall::Text(const QString& name, const QString& fallback) {
-    const QString v = args.contains(name) ? args.value(name) : fallback;
-    textInputs.insert(name, v);
-    return v;
-}
-
-CVELD* OperationCall::CAD() {
-    if (!ArgumentsOk())
-        return nullptr;
-    CVELD* cad = host ? host->GetCAD() : nullptr;
-    if (!cad)
-        error = QStringLiteral("this operation needs a drawing");
-    return cad;
-}
-
-CVELDView* OperationCall::View() {
-    if (!ArgumentsOk())
-        return nullptr;
-    CVELDView* view = host ? host->GetView() : nullptr;
-    if (!view)
-        error = QStringLiteral("this operation needs a view");
-    return view;
+QString PictureScript(const QStringList& operations, const QString& dir) {
+    QString script;
+    for (int layout = 0; layout < 4; ++layout) {
+        script += QStringLiteral("layout %1\n").arg(layout);
+        for (const QString& name : operations) {
+            const catalogue::Operation* op = catalogue::Find(name);
+            for (const catalogue::Picture& picture : op->Pictures()) {
+                script += QStringLiteral("call ") + name;
+                for (const catalogue::Argument& a : op->pictureArguments)
+                    script += QLatin1Char(' ') + QLatin1String(a.name) + QLatin1Char('=') +
+                              QuoteText(QString::fromUtf8(a.value));
+                script += QLatin1Char('\n');
+                for (const QString& step :
+                     QString::fromUtf8(picture.steps).split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+                    script += QStringLiteral("  ") + step + QLatin1Char('\n');
+                const QString file = QStringLiteral("%1/%2-%3.png")
+                                         .arg(dir, QString::fromUtf8(picture.file))
+                                         .arg(layout);
+                script += QStringLiteral("  shot ") + QuoteText(file) +
+                          QStringLiteral("\n  close\nend\n");
+            }
+        }
+    }
+    return script;
 }
 
 Player::Player(IVELDDlgFactory* factory, PlayHost* host, QTextStream& out)
@@ -354,18 +353,18 @@ void Player::Call(const Statement& call, const std::vector<Statement>& steps) {
     if (call.words.size() < 2)
         return Error(call.line, QStringLiteral("call needs an operation"));
     const QString name = call.words[1].text;
-    const auto& ops = Operations();
-    if (!ops.contains(name))
+    const catalogue::Operation* op = catalogue::Find(name);
+    if (!op)
         return Error(call.line, QStringLiteral("unknown operation %1").arg(name));
-    OperationCall oc;
-    oc.factory = factory_;
-    oc.host = host_;
+    catalogue::Call oc = NewCall(factory_, *host_);
     for (std::size_t k = 2; k < call.words.size(); ++k) {
         QString n, v;
         if (!SplitArgument(call.words[k].text, n, v))
             return Error(call.line, QStringLiteral("bad argument %1").arg(call.words[k].text));
         oc.args.insert(n, v);
     }
+    if (const QString refused = op->Refuse(oc.args); !refused.isEmpty())
+        return Error(call.line, refused);
     automation::ScriptedUser user;
     user.onEvent = [this](const QJsonObject& e) {
         if (e.value(QStringLiteral("event")).toString() == QLatin1String("error"))
@@ -378,7 +377,7 @@ void Player::Call(const Statement& call, const std::vector<Statement>& steps) {
             return Error(s.line, err);
     }
     user.SetLine(call.line);
-    const QJsonValue result = ops.value(name)(oc);
+    const QJsonValue result = op->Run(oc);
     if (!oc.error.isEmpty())
         return Error(call.line, oc.error);
     if (user.PendingSteps() > 0)

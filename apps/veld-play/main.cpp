@@ -1,6 +1,7 @@
 // veld-play: replays a scripted user session against the dialog factory and
 // prints what happened as JSON lines. Always headless.
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -10,14 +11,17 @@
 
 #include "DrawingHost.h"
 #include "Player.h"
-#include "ScriptNumbers.h"
+#include "automation/ScriptNumbers.h"
 #include "factory/IVELDDlgFactory.h"
 #include "ulo/PalmDevice.h"
 
 namespace {
 const char* kUsage =
     "usage: veld-play [--drawing FILE | --sample] [--layout 0..3] [--password TEXT] SCRIPT\n"
-    "  SCRIPT is a file of statements, or - for standard input (see docs/veld-play.md)\n";
+    "       veld-play --shots DIR\n"
+    "  SCRIPT is a file of statements, or - for standard input (see docs/veld-play.md)\n"
+    "  --shots takes the pictures of every built dialog in the four layouts on the\n"
+    "  sample drawing: DIR/<picture>-<layout>.png\n";
 }
 
 int main(int argc, char** argv) {
@@ -25,7 +29,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QStringList args = app.arguments();
     args.removeFirst();
-    QString drawing, password, scriptPath;
+    QString drawing, password, scriptPath, shots;
     bool sample = false;
     int layout = -1;
     for (int i = 0; i < args.size(); ++i) {
@@ -43,6 +47,9 @@ int main(int argc, char** argv) {
         } else if (a == QLatin1String("--drawing")) {
             if (!next(drawing))
                 return std::cerr << kUsage, 2;
+        } else if (a == QLatin1String("--shots")) {
+            if (!next(shots))
+                return std::cerr << kUsage, 2;
         } else if (a == QLatin1String("--sample")) {
             sample = true;
         } else if (a == QLatin1String("--password")) {
@@ -50,7 +57,7 @@ int main(int argc, char** argv) {
                 return std::cerr << kUsage, 2;
         } else if (a == QLatin1String("--layout")) {
             QString why;
-            const std::optional<int> n = next(v) ? veldplay::ReadInt(v, why) : std::nullopt;
+            const std::optional<int> n = next(v) ? automation::ReadInt(v, why) : std::nullopt;
             if (!n || *n < 0 || *n > 3)
                 return std::cerr << "veld-play: --layout needs 0..3\n", 2;
             layout = *n;
@@ -62,16 +69,21 @@ int main(int argc, char** argv) {
             return 2;
         }
     }
-    if (scriptPath.isEmpty())
+    if (!shots.isEmpty()) {
+        if (args.size() != 2)
+            return std::cerr << "veld-play: --shots takes no other argument\n", 2;
+        sample = true;
+    } else if (scriptPath.isEmpty()) {
         return std::cerr << kUsage, 2;
+    }
     if (!drawing.isEmpty() && sample)
         return std::cerr << "veld-play: give --drawing or --sample, not both\n", 2;
 
-    QString script;
+    QString script;  // for --shots, made below from the catalogue
     if (scriptPath == QLatin1String("-")) {
         QTextStream in(stdin);
         script = in.readAll();
-    } else {
+    } else if (!scriptPath.isEmpty()) {
         QFile f(scriptPath);
         if (!f.open(QIODevice::ReadOnly | QIODevice::Text)) {
             std::cerr << "veld-play: cannot read " << scriptPath.toStdString() << "\n";
@@ -92,6 +104,11 @@ int main(int argc, char** argv) {
                                 {QStringLiteral("message"), error}};
         out << QString::fromUtf8(QJsonDocument(event).toJson(QJsonDocument::Compact)) << '\n';
         return 1;
+    }
+    if (!shots.isEmpty()) {
+        if (!QDir().mkpath(shots))
+            return std::cerr << "veld-play: cannot make " << shots.toStdString() << "\n", 2;
+        script = veldplay::PictureScript(veldplay::BuiltOperations(factory, host), shots);
     }
     veldplay::Player player(factory, &host, out);
     return player.Run(script) == 0 ? 0 : 1;

@@ -1,6 +1,6 @@
 #include "Options.h"
 
-#include "ScriptNumbers.h"
+#include "automation/ScriptNumbers.h"
 
 namespace sessions {
 
@@ -50,13 +50,13 @@ Command ParseOptions(const QStringList& args, const QStringList& known, Options&
             return Command::Wrong;
         };
         if (a == QLatin1String("--sessions")) {
-            const std::optional<unsigned> n = veldplay::ReadUnsigned(v, why);
+            const std::optional<unsigned> n = automation::ReadUnsigned(v, why);
             if (!n)
                 return refuse(QStringLiteral("a number of sessions"));
             options.sessions = *n;
             sessionsGiven = true;
         } else if (a == QLatin1String("--seed") || a == QLatin1String("--session-seed")) {
-            const std::optional<std::uint64_t> n = veldplay::ReadUInt64(v, why);
+            const std::optional<std::uint64_t> n = automation::ReadUInt64(v, why);
             if (!n)
                 return refuse(QStringLiteral("a seed"));
             if (a == QLatin1String("--seed")) {
@@ -73,14 +73,14 @@ Command ParseOptions(const QStringList& args, const QStringList& known, Options&
             }
             options.operations << v;
         } else if (a == QLatin1String("--layout")) {
-            const std::optional<int> n = veldplay::ReadInt(v, why);
+            const std::optional<int> n = automation::ReadInt(v, why);
             if (n && (*n < 0 || *n > 3))
                 why = QStringLiteral("\"%1\" is not a layout").arg(v);
             if (!n || !why.isEmpty())
                 return refuse(QStringLiteral("0..3"));
             options.layout = *n;
         } else {
-            const std::optional<bool> on = veldplay::ReadBool(v, why);
+            const std::optional<bool> on = automation::ReadBool(v, why);
             if (!on)
                 return refuse(QStringLiteral("0 or 1"));
             options.print = *on;

@@ -3,7 +3,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSet>
 #include <QTextStream>
 #include <chrono>
 #include <cmath>
@@ -19,6 +18,7 @@
 #include "ScriptParser.h"
 #include "app/DrawingFile.h"
 #include "app/VELD.h"
+#include "automation/OperationCatalogue.h"
 #include "automation/ScriptedUser.h"
 #include "ulo/PalmDevice.h"
 #include "ulo/ctrl/Win.h"
@@ -27,34 +27,13 @@ namespace sessions {
 
 namespace {
 
-// Operations whose dialog, on OK, changes settings of the CAD instance or of
-// the system directly, without a command: that is what these dialogs do
-// (the angle system, the object snap modes, the cursor and the window
-// colours are settings of the program, not of the drawing's history).
-const QSet<QString> kSettingsWithoutCommand = {
-    QStringLiteral("ShowDlgAngle"),
-    QStringLiteral("ShowDlgOSnap"),
-    QStringLiteral("ShowDlgOptCursor"),
-    QStringLiteral("ShowDlgOptColors"),
-};
-
-/// Arguments of a session: the operation's defaults, with a few made random
-/// so that every rule of a dialog gets its turn.
-QMap<QString, QString> randomArgs(const QString& op, std::mt19937& rng) {
+/// Arguments of a session: the operation's defaults, with the catalogue's
+/// random arguments, so that every rule of a dialog gets its turn.
+QMap<QString, QString> randomArgs(const catalogue::Operation& op, std::mt19937& rng) {
     QMap<QString, QString> args;
-    const auto flag = [&] { return QString::number(rng() % 2); };
-    if (op == QLatin1String("ShowDlgGetDouble")) {
-        args.insert(QStringLiteral("allowNegative"), flag());
-        args.insert(QStringLiteral("allowZero"), flag());
-        args.insert(QStringLiteral("allowPositive"), flag());
-        args.insert(QStringLiteral("value"), QStringLiteral("12.5"));
-    } else if (op == QLatin1String("ShowDlgRotate")) {
-        args.insert(QStringLiteral("angle"), QStringLiteral("-0.75"));
-    } else if (op == QLatin1String("ShowDlgGetString")) {
-        args.insert(QStringLiteral("text"), QStringLiteral("Survey point"));
-    } else if (op == QLatin1String("ShowDlgProperty")) {
-        args.insert(QStringLiteral("undoable"), QStringLiteral("1"));
-    }
+    for (const catalogue::Argument& a : op.randomArguments)
+        args.insert(QLatin1String(a.name), qstrcmp(a.value, "*") == 0 ? QString::number(rng() % 2)
+                                                                      : QString::fromUtf8(a.value));
     return args;
 }
 
@@ -65,14 +44,26 @@ QString callLine(const QString& op, const QMap<QString, QString>& args) {
     return line;
 }
 
+/// Removes the member at @p path ("settings/osnapOn") of @p o.
+void removePath(QJsonObject& o, const QString& path) {
+    const qsizetype slash = path.indexOf(QLatin1Char('/'));
+    if (slash < 0)
+        return o.remove(path);
+    const QString key = path.left(slash);
+    QJsonObject inner = o.value(key).toObject();
+    removePath(inner, path.mid(slash + 1));
+    o.insert(key, inner);
+}
+
 /// The state a session may change: the drawing, the settings, the views,
-/// the selection and the cursor; not the undo counters, checked on their own.
-QByteArray state(const CVELD& cad) {
+/// the selection and the cursor, less @p ignored (paths into the dump); not
+/// the undo counters, checked on their own.
+QByteArray state(const CVELD& cad, const std::vector<const char*>& ignored = {}) {
     QJsonObject o = QJsonDocument::fromJson(drawingfile::Dump(cad)).object();
-    QJsonObject session = o.value(QStringLiteral("session")).toObject();
-    session.remove(QStringLiteral("undo"));
-    session.remove(QStringLiteral("redo"));
-    o.insert(QStringLiteral("session"), session);
+    for (const char* path : {"session/undo", "session/redo"})
+        removePath(o, QString::fromLatin1(path));
+    for (const char* path : ignored)
+        removePath(o, QString::fromLatin1(path));
     return QJsonDocument(o).toJson(QJsonDocument::Compact);
 }
 
@@ -147,7 +138,7 @@ std::uint64_t SessionSeed(std::uint64_t seed, std::uint64_t n) {
 }
 
 QStringList AllOperations() {
-    return veldplay::Operations().keys();
+    return catalogue::Names();
 }
 
 QStringList BuiltOperations(IVELDDlgFactory* factory) {
@@ -159,6 +150,7 @@ QStringList BuiltOperations(IVELDDlgFactory* factory) {
 
 SessionResult RunSession(IVELDDlgFactory* factory, const QString& op, int layout,
                          std::uint64_t seed, const QStringList& corpus) {
+    const catalogue::Operation& operation = *catalogue::Find(op);
     std::seed_seq seeds{static_cast<std::uint32_t>(seed), static_cast<std::uint32_t>(seed >> 32)};
     std::mt19937 rng(seeds);
     veldplay::DrawingHost host;
@@ -167,10 +159,8 @@ SessionResult RunSession(IVELDDlgFactory* factory, const QString& op, int layout
     CVELD& cad = *host.GetCAD();
     CPalmDevice::SetLayoutOverride(layout);
 
-    veldplay::OperationCall call;
-    call.factory = factory;
-    call.host = &host;
-    call.args = randomArgs(op, rng);
+    catalogue::Call call = veldplay::NewCall(factory, host);
+    call.args = randomArgs(operation, rng);
     const QString header =
         QStringLiteral("veld-sessions --operation %1 --layout %2 --session-seed %3")
             .arg(op)
@@ -178,6 +168,7 @@ SessionResult RunSession(IVELDDlgFactory* factory, const QString& op, int layout
             .arg(seed);
 
     const QByteArray before = state(cad);
+    const QByteArray beforeSettings = state(cad, operation.settings);
     const int commandsBefore = cad.GetUndoList().GetCount();
     automation::ScriptedUser user;
     RandomUser randomUser(user, static_cast<unsigned>(rng()), corpus,
@@ -185,7 +176,7 @@ SessionResult RunSession(IVELDDlgFactory* factory, const QString& op, int layout
     QJsonValue result;
     {
         const Watchdog watchdog(randomUser, header);
-        result = veldplay::Operations().value(op)(call);
+        result = operation.Run(call);
     }
     CPalmDevice::SetLayoutOverride(-1);
 
@@ -198,6 +189,8 @@ SessionResult RunSession(IVELDDlgFactory* factory, const QString& op, int layout
     QStringList faults;
     for (const QString& f : user.Failures())
         faults << QStringLiteral("a step failed: ") + f;
+    if (const QString refused = operation.Refuse(call.args); !refused.isEmpty())
+        faults << refused;
     if (!call.error.isEmpty())
         faults << call.error;
 
@@ -214,7 +207,9 @@ SessionResult RunSession(IVELDDlgFactory* factory, const QString& op, int layout
         if (state(cad) != after)
             faults << QStringLiteral("Redo did not give the state after the call");
     }
-    if (added == 0 && after != before && !(confirmed && kSettingsWithoutCommand.contains(op)))
+    // Settings of the program change without a command, with OK.
+    if (added == 0 &&
+        (confirmed ? state(cad, operation.settings) != beforeSettings : after != before))
         faults << QStringLiteral("the state changed without a command (the dialog ended with %1)")
                       .arg(randomUser.FirstDialogResult());
     if (!confirmed) {

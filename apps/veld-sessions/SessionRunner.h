@@ -5,9 +5,9 @@
 //   - nothing failed while the steps ran, and the session ended;
 //   - at most one command was added to the undo list; when one was, Undo
 //     gives the state before the call and Redo the state after it;
-//   - when no command was added, the state is as before, unless the
-//     operation is one that changes settings without a command and its
-//     dialog ended with OK (the table in SessionRunner.cpp says which, and why);
+//   - when no command was added, the state is as before, but for the
+//     settings the catalogue says the operation changes without a command,
+//     when its dialog ended with OK;
 //   - a dialog that did not end with OK leaves every out-parameter as it was;
 //   - no NaN or infinity anywhere in the state or the out-parameters.
 // A failure carries the veld-play script that replays the session.
@@ -39,11 +39,11 @@ std::uint64_t SessionSeed(std::uint64_t seed, std::uint64_t n);
 SessionResult RunSession(IVELDDlgFactory* factory, const QString& operation, int layout,
                          std::uint64_t seed, const QStringList& corpus);
 
-/// The factory operations whose dialog shows, found by calling each one once
-/// with a user who closes whatever appears.
+/// The operations whose dialog shows (veldplay::BuiltOperations on the
+/// sample drawing).
 QStringList BuiltOperations(IVELDDlgFactory* factory);
 
-/// Every factory operation, built or not.
+/// Every operation of the catalogue, built or not.
 QStringList AllOperations();
 
 }  // namespace sessions

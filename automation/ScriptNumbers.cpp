@@ -6,7 +6,7 @@
 #include <string>
 #include <type_traits>
 
-namespace veldplay {
+namespace automation {
 
 namespace {
 
@@ -104,4 +104,4 @@ std::optional<bool> ReadBool(const QString& text, QString& why) {
     return std::nullopt;
 }
 
-}  // namespace veldplay
+}  // namespace automation

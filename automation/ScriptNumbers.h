@@ -1,8 +1,9 @@
 #pragma once
-// Numbers of the veld-play language and of the veld-play and veld-sessions
-// command lines. A number is the whole text and nothing else (no blanks, no
-// trailing letters), decimal in the "C" notation, with an optional leading
-// '+', and within the range of the type it is read as; a double is finite.
+// Numbers of the veld-play language (operation arguments and steps) and of
+// the veld-play and veld-sessions command lines. A number is the whole text
+// and nothing else (no blanks, no trailing letters), decimal in the "C"
+// notation, with an optional leading '+', and within the range of the type it
+// is read as; a double is finite.
 // Each reader returns the value, or nothing and, in @p why, what is wrong
 // with the text, ready to follow the name of what was read
 // ("start: \"32768\" is out of range (-32768 to 32767)").
@@ -10,7 +11,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace veldplay {
+namespace automation {
 
 std::optional<short> ReadShort(const QString& text, QString& why);
 std::optional<int> ReadInt(const QString& text, QString& why);
@@ -20,4 +21,4 @@ std::optional<double> ReadDouble(const QString& text, QString& why);
 /// 1, true, yes or 0, false, no, in any letter case.
 std::optional<bool> ReadBool(const QString& text, QString& why);
 
-}  // namespace veldplay
+}  // namespace automation
