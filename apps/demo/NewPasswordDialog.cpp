@@ -58,7 +58,7 @@ void NewPasswordDialog::accept() {
     if (password_->text() != repeat_->text()) {
         ulo::CreateMessageBox(this, ulo::WString::FromQString(windowTitle()),
                               L"The two passwords differ. Type the same one twice.",
-                              ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
+                              ulo::kWarningFlags);
         repeat_->clear();
         repeat_->setFocus();
         return;

@@ -5,12 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <QJsonArray>
+#include <memory>
 
 #include "DrawingHost.h"
 #include "Player.h"
 #include "app/Grid.h"
 #include "app/VELD.h"
 #include "app/view/ViewAccess.h"
+#include "automation/OperationCatalogue.h"
 #include "automation/ScriptedUser.h"
 #include "factory/IVELDDlgFactory.h"
 #include "res/templates/ControlIds.h"
@@ -28,8 +30,7 @@ protected:
     void SetUp() override {
         QString error;
         ASSERT_TRUE(host.Open(QString(), true, QString(), error)) << error.toStdString();
-        call.factory = CreateFactory();
-        call.host = &host;
+        factory = CreateFactory();
     }
     void TearDown() override {
         CPalmDevice::SetLayoutOverride(-1);
@@ -37,13 +38,13 @@ protected:
     }
     /// Runs @p operation with the steps @p user holds; fails when one is left.
     void Run(const char* operation, const ScriptedUser& user) {
-        call.out = {};
-        call.numbers.clear();
-        veldplay::Operations().value(QString::fromLatin1(operation))(call);
+        call.reset(new catalogue::Call(veldplay::NewCall(factory, host)));
+        catalogue::Find(QString::fromLatin1(operation))->Run(*call);
         EXPECT_TRUE(user.Finished()) << user.Report().toStdString();
     }
     veldplay::DrawingHost host;
-    veldplay::OperationCall call;
+    IVELDDlgFactory* factory = nullptr;
+    std::unique_ptr<catalogue::Call> call;
 };
 
 bool StandardColours(QWidget* window, unsigned id) {
@@ -144,8 +145,8 @@ TEST_F(Catalogue, NumbersTypedWithThousandsSeparatorsReadAlikeInEveryDialog) {
             user.SetText(f.field, QString::fromUtf8(typed)).Click(f.ok);
             Run(f.operation, user);
             const QString out = QString::fromLatin1(f.out);
-            const QJsonValue text = call.out.value(QStringLiteral("texts"))[0];
-            EXPECT_EQ(call.numbers.contains(out) ? call.numbers.value(out)
+            const QJsonValue text = call->out.value(QStringLiteral("texts"))[0];
+            EXPECT_EQ(call->numbers.contains(out) ? call->numbers.value(out)
                       : out == QLatin1String("text height")
                           ? text[QStringLiteral("height")].toDouble()
                           : GetLtypeScale(host.GetCAD()),
