@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "Dialog.h"
+#include "FieldInput.h"
 #include "MessageBox.h"
 #include "Win.h"
 #include "ulo/Xlate.h"
@@ -162,41 +163,12 @@ QValidator::State CUppercaseValidator::validate(QString& input, int& pos) const 
 }
 
 namespace {
-/// Turns what a keyboard of any locale types into the "C" notation numbers
-/// are read in: digits of other scripts become 0-9, and a decimal separator
-/// ('.', ',' or the Arabic one) becomes '.'. A number holds one point: the
-/// separator typed last is it, and those before it were thousands
-/// separators, which go ("1.234,5" and "1,234.5" become "1234.5"), so the
-/// field never shows two points and is never read as the number before the
-/// second.
+/// Keeps a number edit's text in the notation its field is read in.
 class NumberNotationValidator : public QValidator {
 public:
     using QValidator::QValidator;
     State validate(QString& input, int& pos) const override {
-        qsizetype point = -1;
-        for (qsizetype i = 0; i < input.size(); ++i) {
-            QChar& c = input[i];
-            if (c == QLatin1Char('.') || c == QLatin1Char(',') || c == QChar(0x066B)) {
-                c = QLatin1Char('.');
-                point = i;
-            } else if (c.unicode() > 0x7F && c.isDigit()) {
-                c = QLatin1Char(static_cast<char>('0' + c.digitValue()));
-            }
-        }
-        if (point >= 0 && input.indexOf(QLatin1Char('.')) != point) {
-            QString kept;
-            kept.reserve(input.size());
-            int cursor = pos;
-            for (qsizetype i = 0; i < input.size(); ++i) {
-                if (input[i] == QLatin1Char('.') && i != point) {
-                    cursor -= i < pos ? 1 : 0;
-                    continue;
-                }
-                kept += input[i];
-            }
-            input = kept;
-            pos = cursor;
-        }
+        ToFieldNotation(input, pos);
         return Acceptable;
     }
 };

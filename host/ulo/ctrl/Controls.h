@@ -147,11 +147,9 @@ public:
 };
 
 /// Number entry: numeric keyboard hints. The field shows what will be read:
-/// numbers are read in the "C" notation, so a decimal comma typed on a
-/// keyboard of the user's locale (',' or the Arabic U+066B) becomes '.',
-/// and digits of other scripts become 0 to 9 ("1,5" reads as 1.5, not as 1).
-/// The field holds one point, the separator typed last: those before it were
-/// thousands separators and go ("1.234,5" becomes "1234.5").
+/// what is typed is kept in the notation fields are read in, see
+/// ulo::ToFieldNotation (a decimal comma becomes '.', digits of other scripts
+/// become 0 to 9, one point: the separator typed last; "1,5" reads as 1.5).
 class CCEEditKeybNum : public CCEBaseKeybEdit {
     Q_OBJECT
 public:

@@ -27,6 +27,33 @@ FieldNumber ReadNumberField(const QString& text, FieldRule rule) {
     return ReadNumberField(text.toStdWString(), rule);
 }
 
+void ToFieldNotation(QString& text, int& cursor) {
+    qsizetype point = -1;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        QChar& c = text[i];
+        if (c == QLatin1Char('.') || c == QLatin1Char(',') || c == QChar(0x066B)) {
+            c = QLatin1Char('.');
+            point = i;
+        } else if (c.unicode() > 0x7F && c.isDigit()) {
+            c = QLatin1Char(static_cast<char>('0' + c.digitValue()));
+        }
+    }
+    if (point >= 0 && text.indexOf(QLatin1Char('.')) != point) {
+        QString kept;
+        kept.reserve(text.size());
+        int at = cursor;
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            if (text[i] == QLatin1Char('.') && i != point) {
+                at -= i < cursor ? 1 : 0;
+                continue;
+            }
+            kept += text[i];
+        }
+        text = kept;
+        cursor = at;
+    }
+}
+
 namespace {
 void SelectField(QLineEdit* field) {
     field->setFocus();

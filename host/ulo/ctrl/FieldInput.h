@@ -1,10 +1,10 @@
 #pragma once
-// Number fields of the dialogs: reading the number a field holds, and
-// refusing a field the user must correct. Every dialog reads its number
-// fields here, each under the rule it has always read them by. Numbers are
-// in the "C" notation, '.' as the decimal point, whatever the process locale
-// (the number edits turn a typed decimal comma into a point); "inf", "nan"
-// and hexadecimal are not numbers, so no field ever reads as NaN.
+// Number fields of the dialogs: the notation their text is kept in, reading
+// the number a field holds, and refusing a field the user must correct. Every
+// dialog reads its number fields here, each under the rule it has always read
+// them by. Numbers are in the "C" notation, '.' as the decimal point, whatever
+// the process locale; "inf", "nan" and hexadecimal are not numbers, so no
+// field ever reads as NaN.
 #include <QString>
 #include <string_view>
 
@@ -44,6 +44,15 @@ struct FieldNumber {
 
     bool IsNumber() const { return kind == Kind::Number; }
 };
+
+/// Turns what a keyboard of any locale types into the notation fields are
+/// read in (the number edits do it as the user types): digits of other
+/// scripts become 0-9, and a decimal separator ('.', ',' or the Arabic U+066B)
+/// becomes '.'. A number holds one point, the separator typed last; those
+/// before it were thousands separators and go ("1.234,5" and "1,234.5" become
+/// "1234.5"), so a field never shows two points and is never read as the
+/// number before the second. @p cursor follows the characters removed.
+void ToFieldNotation(QString& text, int& cursor);
 
 /// Reads @p text under @p rule. A text ends at its first NUL.
 FieldNumber ReadNumberField(std::wstring_view text, FieldRule rule);
