@@ -30,14 +30,16 @@ public:
 
 protected:
     BOOL OnInitDialog() override;
-    bool OnCommand(unsigned id) override;
     QWidget* CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) override;
     void FillList() override;
+    CReportListView* List() const override;
+    /// "New".
+    void OnFirstAction() override;
+    void OnDelete() override;
+    unsigned CurrentRefusal(const veld::ITableItem& item) const override;
+    bool MakeSelCurrent() override;
 
 private:
-    void OnNew();
-    void OnDelete();
-    void OnCurrent();
     void OnCellTapped(int row, int column);
     void OnColumnClicked(int column);
     void EditName(int row);

@@ -64,49 +64,21 @@ BOOL CEVELDLtypeDLg::OnInitDialog() {
 void CEVELDLtypeDLg::FillList() {
     list_->DeleteAllItems();
     controller_->SetSelLtype(nullptr);
-    const int mask = GetFilterMask();
     veld::CData* data = cad_->GetData();
-    const veld::CData::CItemUsage usage(*data);
-    std::vector<veld::CLtype*> rows;
-    veld::CData::CLtypeIterator it(data, true, true);
-    while (veld::CLtype* ltype = it.GetNext()) {
-        const bool used = usage.IsUsed(ltype);
-        const bool take = used ? (mask & kMaskInUse) : (mask & kMaskUnused);
-        if (take && !ltype->IsPrivate())
-            rows.push_back(ltype);
-    }
-    list_->SetLtypes(rows);
+    list_->SetItems(
+        ListedItems<veld::CLtype>(*data, veld::CData::CLtypeIterator(data, true, true)));
 }
 
-bool CEVELDLtypeDLg::OnCommand(unsigned id) {
-    switch (id) {
-        case kIdLoad:
-            OnLoad();
-            return true;
-        case kIdDelete:
-            OnDelete();
-            return true;
-        case kIdCurrent:
-            OnCurrent();
-            return true;
-        default:
-            return CVELDLayerLtypeDlg::OnCommand(id);
-    }
+CReportListView* CEVELDLtypeDLg::List() const {
+    return list_;
 }
 
-void CEVELDLtypeDLg::OnCurrent() {
-    veld::CLtype* ltype = list_->GetSelectedLtype();
-    if (!ltype)
-        return;
-    if (ltype->IsXRef()) {
-        ShowMessageBox(this, ids::kWarning, ids::kLtypeXRefNotCurrent,
-                       ulo::MB_OK | ulo::MB_ICONEXCLAMATION);
-        return;
-    }
-    if (controller_->MakeSelLtypeCurrent()) {
-        list_->SetCurLtypeMark(ltype);
-        list_->viewport()->update();
-    }
+unsigned CEVELDLtypeDLg::CurrentRefusal(const veld::ITableItem& item) const {
+    return item.IsXRef() ? ids::kLtypeXRefNotCurrent : 0;
+}
+
+bool CEVELDLtypeDLg::MakeSelCurrent() {
+    return controller_->MakeSelLtypeCurrent();
 }
 
 void CEVELDLtypeDLg::OnDelete() {
@@ -116,7 +88,7 @@ void CEVELDLtypeDLg::OnDelete() {
     }
 }
 
-void CEVELDLtypeDLg::OnLoad() {
+void CEVELDLtypeDLg::OnFirstAction() {
     CModuleResourceScope scope;
     CLtypeLoadDialog loader(cad_);
     if (loader.DoModal() != ulo::IDOK)

@@ -108,7 +108,7 @@ struct ShownList : CVELDLtypeList {
         resize(400, 200);
         for (int column = 0; column < 3; ++column)
             SetColumn(column, QString(), 120);
-        SetLtypes(d.All());
+        SetItems(d.All());
         show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(this));
     }
@@ -216,14 +216,14 @@ TEST(LtypeListModel, EachRowShowsItsLineTypeInThreeColumns) {
     d.Add(L"DASHED", L"Dashed __ __");
     d.Named(L"Continuous")->SetDesc(L"Solid line");
     CVELDLtypeListModel model;
-    model.SetLtypes(d.All());
+    model.SetItems(d.All());
     QStringList rows;  // "name|description": none for ByBlock and ByLayer
     for (int row = 0; row < model.rowCount(); ++row) {
         rows << Text(model, row, 0) + u'|' + Text(model, row, 2);
         const auto ltype =
             reinterpret_cast<quintptr>(d.Named(Text(model, row, 0).toStdWString().c_str()));
         for (int column = 0; column < 3; ++column)
-            EXPECT_EQ(model.data(model.index(row, column), CVELDLtypeListModel::kLtypeRole),
+            EXPECT_EQ(model.data(model.index(row, column), CVELDLtypeListModel::kItemRole),
                       QVariant::fromValue(ltype));
         EXPECT_EQ(model.flags(model.index(row, 0)), Qt::ItemIsEnabled | Qt::ItemIsSelectable);
     }
@@ -236,7 +236,7 @@ TEST(LtypeListModel, ChangesToTheRowsReachTheViews) {
     veld::CLtype* lt1 = d.Named(L"LT1");
     veld::CLtype* lt2 = d.Named(L"LT2");
     CVELDLtypeListModel model;
-    model.SetLtypes(std::vector<veld::CLtype*>{d.Named(L"LT0"), lt1, lt2});
+    model.SetItems(std::vector<veld::CLtype*>{d.Named(L"LT0"), lt1, lt2});
     std::string log;
     const auto note = [&log](const char* what) {
         return [&log, what](const QModelIndex&, int first, int last) {
@@ -265,20 +265,20 @@ TEST(LtypeListModel, ChangesToTheRowsReachTheViews) {
         const char* signals;
         const char* names;
     } cases[] = {
-        {[&] { model.AppendLtype(d.Add(L"NEW", L"")); }, "[inserted 3-3]", "LT0 LT1 LT2 NEW"},
-        {[&] { EXPECT_EQ(model.AppendLtype(lt1), 1); }, "", "LT0 LT1 LT2 NEW"},
+        {[&] { model.AppendItem(d.Add(L"NEW", L"")); }, "[inserted 3-3]", "LT0 LT1 LT2 NEW"},
+        {[&] { EXPECT_EQ(model.AppendItem(lt1), 1); }, "", "LT0 LT1 LT2 NEW"},
         {[&] {
              lt1->SetName(L"X");
-             model.LtypeChanged(lt1);
+             model.ItemChanged(lt1);
          },
          "[changed 1,0-1,2]", "LT0 X LT2 NEW"},
-        {[&] { model.SetCurLtypeMark(lt2); }, "[changed 2,0-2,2]", "LT0 X #0096fa|LT2 NEW"},
-        {[&] { model.SetCurLtypeMark(lt1); }, "[changed 2,0-2,2][changed 1,0-1,2]",
+        {[&] { model.SetCurMark(lt2); }, "[changed 2,0-2,2]", "LT0 X #0096fa|LT2 NEW"},
+        {[&] { model.SetCurMark(lt1); }, "[changed 2,0-2,2][changed 1,0-1,2]",
          "LT0 #0096fa|X LT2 NEW"},
-        {[&] { model.SetCurLtypeMark(lt1); }, "", "LT0 #0096fa|X LT2 NEW"},
-        {[&] { EXPECT_TRUE(model.RemoveLtype(lt1)); }, "[removed 1-1]", "LT0 LT2 NEW"},
-        {[&] { EXPECT_FALSE(model.RemoveLtype(lt1)); }, "", "LT0 LT2 NEW"},
-        {[&] { model.LtypeChanged(lt1); }, "", "LT0 LT2 NEW"},
+        {[&] { model.SetCurMark(lt1); }, "", "LT0 #0096fa|X LT2 NEW"},
+        {[&] { EXPECT_TRUE(model.RemoveItem(lt1)); }, "[removed 1-1]", "LT0 LT2 NEW"},
+        {[&] { EXPECT_FALSE(model.RemoveItem(lt1)); }, "", "LT0 LT2 NEW"},
+        {[&] { model.ItemChanged(lt1); }, "", "LT0 LT2 NEW"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(&c - cases);
@@ -295,29 +295,29 @@ TEST(LtypeListModel, RowsOfTenThousandLineTypesAreFoundAfterEveryChange) {
     std::vector<veld::CLtype*> withRepeats = all;
     withRepeats.insert(withRepeats.end(), {all[7], nullptr});  // listed once, and not at all
     CVELDLtypeListModel model;
-    model.SetLtypes(withRepeats);
+    model.SetItems(withRepeats);
     ASSERT_EQ(model.rowCount(), static_cast<int>(all.size()));
     const auto everyRowFound = [&] {
         for (int row = 0; row < model.rowCount(); ++row)
-            if (model.RowOf(model.LtypeAt(row)) != row)
+            if (model.RowOf(model.ItemAt(row)) != row)
                 return false;
         return true;
     };
     EXPECT_TRUE(everyRowFound());
     // Removals at the start, in the middle and at the end shift the rows after them.
     for (veld::CLtype* gone : {all[0], all[5000], all.back()}) {
-        ASSERT_TRUE(model.RemoveLtype(gone));
+        ASSERT_TRUE(model.RemoveItem(gone));
         EXPECT_EQ(model.RowOf(gone), -1);
     }
     EXPECT_EQ(model.rowCount(), static_cast<int>(all.size()) - 3);
     EXPECT_EQ(model.RowOf(all[5001]), 4999);
     EXPECT_TRUE(everyRowFound());
-    const int appended = model.AppendLtype(all[0]);
+    const int appended = model.AppendItem(all[0]);
     EXPECT_EQ(appended, model.rowCount() - 1);
     EXPECT_TRUE(everyRowFound());
     EXPECT_EQ(model.RowOf(nullptr), -1);
-    EXPECT_EQ(model.LtypeAt(-1), nullptr);
-    EXPECT_EQ(model.LtypeAt(model.rowCount()), nullptr);
+    EXPECT_EQ(model.ItemAt(-1), nullptr);
+    EXPECT_EQ(model.ItemAt(model.rowCount()), nullptr);
     model.Clear();
     EXPECT_EQ(model.RowOf(all[1]), -1);
 }
@@ -332,12 +332,12 @@ TEST(LtypeListModel, ARowKeepsItsLineTypeAliveUntilTheRowGoes) {
         std::function<void()> step;
         unsigned references;  ///< the table's, the test's and the model's
     } steps[] = {
-        {"listed", [&] { model.AppendLtype(temp); }, 3},
-        {"marked as current too", [&] { model.SetCurLtypeMark(temp); }, 4},
+        {"listed", [&] { model.AppendItem(temp); }, 3},
+        {"marked as current too", [&] { model.SetCurMark(temp); }, 4},
         {"out of the drawing's table", [&] { d.data.GetLtypeTable().Remove(temp); }, 3},
         {"still readable", [&] { EXPECT_EQ(Text(model, 0, 0), QStringLiteral("TEMP")); }, 3},
         {"rows cleared", [&] { model.Clear(); }, 2},
-        {"mark cleared", [&] { model.SetCurLtypeMark(nullptr); }, 1},
+        {"mark cleared", [&] { model.SetCurMark(nullptr); }, 1},
     };
     for (const auto& s : steps) {
         SCOPED_TRACE(s.what);
@@ -362,7 +362,7 @@ TEST(LtypeList, RowsPaintEachColumnInsideItsCell) {
             shown.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
         for (int row = 0; row < shown.GetItemCount(); ++row) {
             SCOPED_TRACE(row);
-            veld::CLtype* ltype = shown.GetItemLtype(row);
+            veld::CLtype* ltype = shown.GetItem(row);
             const QRgb background =
                 ltype == dashed ? qRgb(0, 150, 250) : shown.palette().color(QPalette::Base).rgb();
             const QRect name = shown.Cell(row, 0), look = shown.Cell(row, 1),

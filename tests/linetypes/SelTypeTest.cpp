@@ -36,16 +36,16 @@ Shown Look(QWidget* window) {
     if (!list)
         return s;
     for (int row = 0; row < list->GetItemCount(); ++row)
-        s.names << list->GetItemLtype(row)->GetName().ToQString();
+        s.names << list->GetItem(row)->GetName().ToQString();
     for (int c = 0; c < 3; ++c) {
         s.headings << list->model()->headerData(c, Qt::Horizontal).toString();
         s.widths.push_back(list->GetColumnWidth(c));
     }
     s.viewportWidth = list->viewport()->width();
     s.selected = list->GetSelectedLtype();
-    s.marked = list->GetCurLtypeMark();
+    s.marked = list->GetCurMark();
     if (s.selected) {
-        const QRect row = list->visualRect(list->model()->index(list->FindLtype(s.selected), 0));
+        const QRect row = list->visualRect(list->model()->index(list->FindItem(s.selected), 0));
         s.selectedRowInView = list->viewport()->rect().contains(row);
     }
     return s;

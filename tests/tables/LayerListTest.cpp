@@ -88,7 +88,7 @@ struct ShownList : CVELDLayerList {
         for (int row = 0; row < GetItemCount(); ++row) {
             if (row > 0)
                 out += ' ';
-            out += GetItemLayer(row)->GetName().ToQString().toStdString();
+            out += GetItem(row)->GetName().ToQString().toStdString();
         }
         return out;
     }
@@ -132,7 +132,7 @@ TEST(LayerListSort, EveryColumnBothWaysTiesByNameAscending) {
             list.SortRows(c.column, c.direction);
             EXPECT_EQ(list.Names(), c.order);
             for (int row = 0; row < list.GetItemCount(); ++row)
-                EXPECT_EQ(list.FindLayer(list.GetItemLayer(row)), row);
+                EXPECT_EQ(list.FindItem(list.GetItem(row)), row);
         }
     }
 }
@@ -151,8 +151,8 @@ TEST(LayerListSort, NamesFollowCompareIgnoreCase) {
     for (const int direction : {1, -1}) {
         list.SortRows(CVELDLayerList::kColName, direction);
         for (int row = 1; row < list.GetItemCount(); ++row) {
-            const int order = list.GetItemLayer(row - 1)->GetName().CompareIgnoreCase(
-                list.GetItemLayer(row)->GetName());
+            const int order =
+                list.GetItem(row - 1)->GetName().CompareIgnoreCase(list.GetItem(row)->GetName());
             EXPECT_LT(order * direction, 0) << "rows " << row - 1 << " and " << row;
         }
     }
@@ -174,17 +174,17 @@ TEST(LayerListRows, DisplayWordsAndLookups) {
     for (const auto& c : cases) {
         SCOPED_TRACE(QString::fromWCharArray(c.layer).toStdString());
         veld::CLayer* layer = d.Named(c.layer);
-        const int row = list.FindLayer(layer);
+        const int row = list.FindItem(layer);
         ASSERT_GE(row, 0);
-        EXPECT_EQ(list.GetItemLayer(row), layer);
+        EXPECT_EQ(list.GetItem(row), layer);
         for (int column = 0; column < CVELDLayerList::kColumnCount; ++column)
             EXPECT_EQ(list.Text(row, column).toStdString(), c.words[column]) << column;
     }
     veld::CLayer* unlisted = d.Add(L"later", 0, 1, nullptr);
-    EXPECT_EQ(list.FindLayer(unlisted), -1);
-    EXPECT_EQ(list.AppendLayer(unlisted), 6);
-    EXPECT_EQ(list.AppendLayer(unlisted), 6) << "a listed layer keeps its row";
-    EXPECT_EQ(list.FindLayer(unlisted), 6);
+    EXPECT_EQ(list.FindItem(unlisted), -1);
+    EXPECT_EQ(list.AppendItem(unlisted), 6);
+    EXPECT_EQ(list.AppendItem(unlisted), 6) << "a listed layer keeps its row";
+    EXPECT_EQ(list.FindItem(unlisted), 6);
 }
 
 TEST(LayerListSelection, FollowsItsLayerAcrossSortsWithoutSignals) {
@@ -194,13 +194,13 @@ TEST(LayerListSelection, FollowsItsLayerAcrossSortsWithoutSignals) {
     Drawing d;
     ShownList list(d);
     veld::CLayer* delta = d.Named(L"delta");
-    list.SelectLayer(delta);
+    list.SelectItem(delta);
     const SelectionLog log(list);
     for (const auto& s : sorts) {
         SCOPED_TRACE(testing::Message() << "column " << s.column << " direction " << s.direction);
         list.SortRows(s.column, s.direction);
-        EXPECT_EQ(list.GetSelectedLayer(), delta);
-        EXPECT_EQ(list.currentIndex().row(), list.FindLayer(delta));
+        EXPECT_EQ(list.GetSelectedItem(), delta);
+        EXPECT_EQ(list.currentIndex().row(), list.FindItem(delta));
         EXPECT_EQ(list.selectionModel()->selectedRows().size(), 1);
     }
     EXPECT_TRUE(log.events.empty());
