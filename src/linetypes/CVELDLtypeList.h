@@ -24,6 +24,8 @@ public:
     explicit CVELDLtypeList(CVELD* cad, QWidget* parent = nullptr);
     ~CVELDLtypeList() override;
 
+    /// SetItems, SelectItem, GetSelectedItem and SetCurMark by the names the
+    /// line type dialogs call them.
     void SetLtypes(std::span<veld::CLtype* const> ltypes) { SetItems(ltypes); }
     void SelectLtype(const veld::CLtype* ltype) { SelectItem(ltype); }
     veld::CLtype* GetSelectedLtype() const { return GetSelectedItem(); }

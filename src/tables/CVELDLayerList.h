@@ -21,6 +21,8 @@ public:
     explicit CVELDLayerList(CVELD* cad, QWidget* parent = nullptr);
     ~CVELDLayerList() override;
 
+    /// SetItems, SetCurMark and GetCurMark by the names the layers dialog
+    /// calls them.
     void SetLayers(std::span<veld::CLayer* const> layers) { SetItems(layers); }
     void SetCurLayerMark(veld::CLayer* layer) { SetCurMark(layer); }
     veld::CLayer* GetCurLayerMark() const { return GetCurMark(); }
