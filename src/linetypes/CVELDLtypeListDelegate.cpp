@@ -1,111 +1,18 @@
 #include "CVELDLtypeListDelegate.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QPainter>
-#include <QStyleOptionFocusRect>
-#include <algorithm>
-
 #include "CVELDLtypeListModel.h"
 #include "LtypePreview.h"
-#include "ulo/PalmDevice.h"
-#include "veld/Ltype.h"
 
 CVELDLtypeListDelegate::CVELDLtypeListDelegate(CVELD* cad, QObject* parent)
-    : QStyledItemDelegate(parent), cad_(cad) {}
+    : CTableListDelegate(parent), cad_(cad) {}
 
-QRect CVELDLtypeListDelegate::PaintText(QPainter* painter, const QStyleOptionViewItem& option,
-                                        const QString& text, int multiplier, bool selected) {
-    if (text.isEmpty())
-        return {};
-    const QRect& cell = option.rect;
-    const int inset = 2 * multiplier;
-    // Elided against all the room the cell leaves, not against the measured
-    // width: the rounded width of a text that just fits can fall a fraction
-    // short of what eliding measures, and the text would lose its end.
-    const int room = cell.width() - 3 * inset;
-    if (room <= 0)
-        return {};
-    const QFontMetrics& fm = option.fontMetrics;
-    const QString shown = fm.elidedText(text, Qt::ElideRight, room);
-    const QRect box = TextBox(cell, fm.horizontalAdvance(shown), multiplier);
-    if (box.isEmpty())
-        return {};
-    if (selected)
-        painter->fillRect(box, option.palette.brush(QPalette::Highlight));
-    painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
-    painter->setFont(option.font);
-    const QRect textRect(box.left() + inset, cell.top(), room, cell.height());
-    painter->drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
-    return box;
-}
-
-void CVELDLtypeListDelegate::PaintFocusFrame(QPainter* painter, const QStyleOptionViewItem& option,
-                                             const QRect& box, bool selected) {
-    QStyleOptionFocusRect frame;
-    frame.QStyleOption::operator=(option);
-    frame.rect = box;
-    frame.state |= QStyle::State_KeyboardFocusChange;
-    frame.backgroundColor = option.palette.color(selected ? QPalette::Highlight : QPalette::Base);
-    const QStyle* style = option.widget ? option.widget->style() : QApplication::style();
-    style->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, painter, option.widget);
-}
-
-QRect CVELDLtypeListDelegate::TextBox(const QRect& cell, int textWidth, int multiplier) {
-    const int inset = 2 * multiplier;
-    const int padding = 4 * multiplier;
-    // The classic box could reach 2 pixels into the next column; it stops at
-    // the cell's edge here so that a long name never touches the sample.
-    const int width = std::min(textWidth + padding, cell.width() - inset);
-    if (width <= padding)
-        return {};
-    return QRect(cell.left() + inset, cell.top(), width, cell.height());
-}
-
-void CVELDLtypeListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                                   const QModelIndex& index) const {
-    const auto* ltype = reinterpret_cast<const veld::CLtype*>(
-        index.data(CVELDLtypeListModel::kLtypeRole).value<quintptr>());
-    if (!ltype)
+void CVELDLtypeListDelegate::PaintCell(QPainter* painter, const QStyleOptionViewItem& option,
+                                       const QModelIndex& index, int multiplier) const {
+    if (index.column() != CVELDLtypeListModel::kColAppearance) {
+        CTableListDelegate::PaintCell(painter, option, index, multiplier);
         return;
-    const int multiplier = CPalmDevice::GetResMultiplier();
-    const bool marked = index.data(CVELDLtypeListModel::kCurrentMarkRole).toBool();
-    painter->save();
-    painter->fillRect(option.rect, marked ? CVELDLtypeListModel::CurrentMarkColour()
-                                          : option.palette.color(QPalette::Base));
-    const QRect& cell = option.rect;
-    switch (index.column()) {
-        case CVELDLtypeListModel::kColName: {
-            const bool selected = option.state & QStyle::State_Selected;
-            const QRect box =
-                PaintText(painter, option, index.data().toString(), multiplier, selected);
-            // The view gives the focus state to one cell only; the row's
-            // frame goes around its name, whichever column was tapped.
-            const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
-            if (!box.isEmpty() && view && view->hasFocus() &&
-                view->currentIndex().row() == index.row())
-                PaintFocusFrame(painter, option, box, selected);
-            break;
-        }
-        case CVELDLtypeListModel::kColAppearance:
-            DrawLtypePreview(cad_, painter, ltype, cell.left(), cell.left() + cell.width(),
-                             cell.top(), cell.top() + cell.height(), 2, true);
-            break;
-        case CVELDLtypeListModel::kColDescription:
-            PaintText(painter, option, index.data().toString(), multiplier, false);
-            break;
-        default:
-            break;
     }
-    painter->restore();
-}
-
-QSize CVELDLtypeListDelegate::sizeHint(const QStyleOptionViewItem& option,
-                                       const QModelIndex& index) const {
-    // Rows have the fixed height the list sets; only the width is a matter
-    // of content.
-    const int multiplier = CPalmDevice::GetResMultiplier();
-    const QString text = index.data().toString();
-    return QSize(option.fontMetrics.horizontalAdvance(text) + 6 * multiplier,
-                 option.fontMetrics.height());
+    const QRect& cell = option.rect;
+    DrawLtypePreview(cad_, painter, CVELDLtypeListModel::ItemOf(index), cell.left(),
+                     cell.left() + cell.width(), cell.top(), cell.top() + cell.height(), 2, true);
 }

@@ -57,49 +57,24 @@ void CEVELDLayerDLg::OnInitDialog() {
 void CEVELDLayerDLg::FillList() {
     list_->DeleteAllItems();
     controller_->ClearSelLayers();
-    const int mask = GetFilterMask();
     veld::CData* data = cad_->GetData();
-    // One pass over the drawing tells which layers are in use, where asking
-    // each layer would walk the drawing once per layer.
-    const veld::CData::CItemUsage usage(*data);
-    std::vector<veld::CLayer*> rows;
-    rows.reserve(data->GetLayerTable().GetNoItems());
-    veld::CData::CLayerIterator it(data, true);
-    while (veld::CLayer* layer = it.GetNext()) {
-        const bool used = (mask & (kMaskInUse | kMaskUnused)) == (kMaskInUse | kMaskUnused) ||
-                          usage.IsUsed(layer);
-        const bool take = used ? (mask & kMaskInUse) : (mask & kMaskUnused);
-        if (take && !layer->IsPrivate())
-            rows.push_back(layer);
-    }
-    list_->SetLayers(rows);
+    list_->SetItems(ListedItems<veld::CLayer>(*data, veld::CData::CLayerIterator(data, true),
+                                              data->GetLayerTable().GetNoItems()));
     list_->SortRows(sortColumn_, sortDirection_);
     changedSinceSort_ = false;
 }
 
-bool CEVELDLayerDLg::OnCommand(unsigned id) {
-    switch (id) {
-        case ctl::Layers::kNew:
-            OnNew();
-            return true;
-        case ctl::Layers::kDelete:
-            OnDelete();
-            return true;
-        case ctl::Layers::kCurrent:
-            OnCurrent();
-            return true;
-        default:
-            return CVELDLayerLtypeDlg::OnCommand(id);
-    }
+CReportListView* CEVELDLayerDLg::List() const {
+    return list_;
 }
 
-void CEVELDLayerDLg::OnNew() {
+void CEVELDLayerDLg::OnFirstAction() {
     veld::CLayer* layer = controller_->NewLayer();
-    list_->SelectLayer(nullptr);
+    list_->SelectItem(nullptr);
     controller_->ClearSelLayers();
-    list_->AppendLayer(layer);
+    list_->AppendItem(layer);
     changedSinceSort_ = true;
-    list_->SelectLayer(layer);
+    list_->SelectItem(layer);
     RedrawViews();
 }
 
@@ -113,18 +88,15 @@ void CEVELDLayerDLg::OnDelete() {
     RedrawViews();
 }
 
-void CEVELDLayerDLg::OnCurrent() {
-    veld::CLayer* layer = list_->GetSelectedLayer();
-    if (!layer)
-        return;
-    if ((layer->GetFlags() & veld::CLayer::kFlagFrozen) || layer->IsXRef()) {
-        Warn(this, ids::kLayerNotCurrent);
-        return;
-    }
-    if (controller_->MakeSelLayerCurrent()) {
-        list_->SetCurLayerMark(layer);
-        list_->RedrawAll();
-    }
+std::optional<StringId> CEVELDLayerDLg::CurrentRefusal(const veld::ITableItem& item) const {
+    const bool frozen = item.GetFlags() & veld::CLayer::kFlagFrozen;
+    if (frozen || item.IsXRef())
+        return ids::kLayerNotCurrent;
+    return std::nullopt;
+}
+
+bool CEVELDLayerDLg::MakeSelCurrent() {
+    return controller_->MakeSelLayerCurrent();
 }
 
 void CEVELDLayerDLg::OnColumnClicked(int column) {
@@ -139,7 +111,7 @@ void CEVELDLayerDLg::OnColumnClicked(int column) {
 }
 
 void CEVELDLayerDLg::OnCellTapped(int row, int column) {
-    veld::CLayer* layer = list_->GetItemLayer(row);
+    veld::CLayer* layer = list_->GetItem(row);
     if (!layer)
         return;
     switch (column) {
@@ -172,12 +144,12 @@ void CEVELDLayerDLg::OnCellTapped(int row, int column) {
         default:
             return;
     }
-    list_->LayerChanged(layer);
+    list_->ItemChanged(layer);
     RedrawViews();
 }
 
 void CEVELDLayerDLg::EditName(int row) {
-    veld::CLayer* layer = list_->GetItemLayer(row);
+    veld::CLayer* layer = list_->GetItem(row);
     // Layer 0 and the layers of external references keep their names.
     if (!layer || layer->IsLayer0() || layer->IsXRef() || !nameEdit_)
         return;
@@ -185,7 +157,7 @@ void CEVELDLayerDLg::EditName(int row) {
     cell.moveTopLeft(list_->viewport()->mapTo(this, cell.topLeft()));
     cell.translate(-2, 0);
     nameEdit_->setGeometry(cell);
-    list_->LayerChanged(layer);
+    list_->ItemChanged(layer);
     nameEdit_->BeginEdit(layer->GetName().ToQString(), row);
     nameEdit_->show();
     nameEdit_->raise();
@@ -193,7 +165,7 @@ void CEVELDLayerDLg::EditName(int row) {
 }
 
 void CEVELDLayerDLg::OnEndEditItem(QString text, int item) {
-    veld::CLayer* layer = list_->GetItemLayer(item);
+    veld::CLayer* layer = list_->GetItem(item);
     if (!layer)
         return;
     const ulo::WString name(text.toStdWString());
@@ -214,7 +186,7 @@ void CEVELDLayerDLg::OnEndEditItem(QString text, int item) {
         return;
     }
     layer->SetName(name);
-    list_->LayerChanged(layer);
+    list_->ItemChanged(layer);
 }
 
 void CEVELDLayerDLg::PickColour(veld::CLayer* layer) {
@@ -223,7 +195,7 @@ void CEVELDLayerDLg::PickColour(veld::CLayer* layer) {
     if (picker.DoModal() != ulo::IDOK || picker.GetSelColor() == colour)
         return;
     layer->SetColor(static_cast<unsigned short>(picker.GetSelColor()));
-    list_->LayerChanged(layer);
+    list_->ItemChanged(layer);
     RedrawViews();
 }
 
@@ -236,7 +208,7 @@ void CEVELDLayerDLg::PickLtype(veld::CLayer* layer) {
     if (!chosen || chosen == layer->GetLtype())
         return;
     layer->SetLtype(chosen);
-    list_->LayerChanged(layer);
+    list_->ItemChanged(layer);
     RedrawViews();
 }
 

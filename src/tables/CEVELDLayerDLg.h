@@ -24,20 +24,21 @@ public:
 
 protected:
     void OnInitDialog() override;
-    bool OnCommand(unsigned id) override;
     QWidget* CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) override;
     void FillList() override;
+    CReportListView* List() const override;
+    /// "New".
+    void OnFirstAction() override;
+    void OnDelete() override;
+    std::optional<StringId> CurrentRefusal(const veld::ITableItem& item) const override;
+    bool MakeSelCurrent() override;
 
 private:
-    void OnNew();
-    void OnDelete();
-    void OnCurrent();
     void OnCellTapped(int row, int column);
     void OnColumnClicked(int column);
     void EditName(int row);
     void PickColour(veld::CLayer* layer);
     void PickLtype(veld::CLayer* layer);
-    /// A warning box of this dialog with a text of the string table.
 
     CVELDLayerList* list_ = nullptr;  // a child of the dialog, made with it
     int sortColumn_ = 0;

@@ -63,48 +63,23 @@ void CEVELDLtypeDLg::OnInitDialog() {
 void CEVELDLtypeDLg::FillList() {
     list_->DeleteAllItems();
     controller_->SetSelLtype(nullptr);
-    const int mask = GetFilterMask();
     veld::CData* data = cad_->GetData();
-    const veld::CData::CItemUsage usage(*data);
-    std::vector<veld::CLtype*> rows;
-    veld::CData::CLtypeIterator it(data, true, true);
-    while (veld::CLtype* ltype = it.GetNext()) {
-        const bool used = usage.IsUsed(ltype);
-        const bool take = used ? (mask & kMaskInUse) : (mask & kMaskUnused);
-        if (take && !ltype->IsPrivate())
-            rows.push_back(ltype);
-    }
-    list_->SetLtypes(rows);
+    list_->SetItems(
+        ListedItems<veld::CLtype>(*data, veld::CData::CLtypeIterator(data, true, true)));
 }
 
-bool CEVELDLtypeDLg::OnCommand(unsigned id) {
-    switch (id) {
-        case ctl::Ltypes::kLoad:
-            OnLoad();
-            return true;
-        case ctl::Ltypes::kDelete:
-            OnDelete();
-            return true;
-        case ctl::Ltypes::kCurrent:
-            OnCurrent();
-            return true;
-        default:
-            return CVELDLayerLtypeDlg::OnCommand(id);
-    }
+CReportListView* CEVELDLtypeDLg::List() const {
+    return list_;
 }
 
-void CEVELDLtypeDLg::OnCurrent() {
-    veld::CLtype* ltype = list_->GetSelectedLtype();
-    if (!ltype)
-        return;
-    if (ltype->IsXRef()) {
-        Warn(this, ids::kLtypeXRefNotCurrent);
-        return;
-    }
-    if (controller_->MakeSelLtypeCurrent()) {
-        list_->SetCurLtypeMark(ltype);
-        list_->viewport()->update();
-    }
+std::optional<StringId> CEVELDLtypeDLg::CurrentRefusal(const veld::ITableItem& item) const {
+    if (item.IsXRef())
+        return ids::kLtypeXRefNotCurrent;
+    return std::nullopt;
+}
+
+bool CEVELDLtypeDLg::MakeSelCurrent() {
+    return controller_->MakeSelLtypeCurrent();
 }
 
 void CEVELDLtypeDLg::OnDelete() {
@@ -114,7 +89,7 @@ void CEVELDLtypeDLg::OnDelete() {
     }
 }
 
-void CEVELDLtypeDLg::OnLoad() {
+void CEVELDLtypeDLg::OnFirstAction() {
     CModuleResourceScope scope;
     CLtypeLoadDialog loader(cad_);
     if (loader.DoModal() != ulo::IDOK)

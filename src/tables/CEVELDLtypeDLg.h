@@ -21,14 +21,16 @@ public:
 
 protected:
     void OnInitDialog() override;
-    bool OnCommand(unsigned id) override;
     QWidget* CreateCustomControl(const ulo::CtrlTemplate& ctrl, QWidget* parent) override;
     void FillList() override;
+    CReportListView* List() const override;
+    /// "Load...".
+    void OnFirstAction() override;
+    void OnDelete() override;
+    std::optional<StringId> CurrentRefusal(const veld::ITableItem& item) const override;
+    bool MakeSelCurrent() override;
 
 private:
-    void OnLoad();
-    void OnDelete();
-    void OnCurrent();
     void OnScaleEdited(const QString& text);
 
     CVELDLtypeList* list_ = nullptr;  // a child of the dialog, made with it

@@ -1,20 +1,15 @@
 #include "CVELDLayerListDelegate.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
 #include <QCoreApplication>
 #include <QHash>
 #include <QPainter>
-#include <QStyleOptionFocusRect>
 #include <QSvgRenderer>
 #include <algorithm>
 #include <cmath>
 
 #include "CVELDLayerListModel.h"
 #include "app/VELD.h"
-#include "linetypes/CVELDLtypeListDelegate.h"
 #include "ulo/PalmDevice.h"
-#include "veld/Layer.h"
 
 namespace {
 
@@ -47,7 +42,7 @@ void ClearIconCache() {
 }  // namespace
 
 CVELDLayerListDelegate::CVELDLayerListDelegate(CVELD* cad, QObject* parent)
-    : QStyledItemDelegate(parent), cad_(cad) {}
+    : CTableListDelegate(parent), cad_(cad) {}
 
 QString CVELDLayerListDelegate::IconPath(Icon icon) {
     switch (icon) {
@@ -98,32 +93,11 @@ QPixmap CVELDLayerListDelegate::IconPixmap(Icon icon, int size, qreal dpr) {
     return pixmap;
 }
 
-void CVELDLayerListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                                   const QModelIndex& index) const {
-    const auto* layer = reinterpret_cast<const veld::CLayer*>(
-        index.data(CVELDLayerListModel::kLayerRole).value<quintptr>());
-    if (!layer)
-        return;
-    const int multiplier = CPalmDevice::GetResMultiplier();
-    const bool marked = index.data(CVELDLayerListModel::kCurrentMarkRole).toBool();
+void CVELDLayerListDelegate::PaintCell(QPainter* painter, const QStyleOptionViewItem& option,
+                                       const QModelIndex& index, int multiplier) const {
+    const veld::CLayer* layer = CVELDLayerListModel::ItemOf(index);
     const QRect& cell = option.rect;
-    painter->save();
-    painter->fillRect(cell, marked ? CVELDLayerListModel::CurrentMarkColour()
-                                   : option.palette.color(QPalette::Base));
-    painter->setFont(option.font);
     switch (index.column()) {
-        case CVELDLayerListModel::kColName: {
-            const bool selected = option.state & QStyle::State_Selected;
-            const QRect box = CVELDLtypeListDelegate::PaintText(
-                painter, option, index.data().toString(), multiplier, selected);
-            // The view gives the focus state to one cell only; the row's
-            // frame goes around its name, whichever column was tapped.
-            const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
-            if (!box.isEmpty() && view && view->hasFocus() &&
-                view->currentIndex().row() == index.row())
-                CVELDLtypeListDelegate::PaintFocusFrame(painter, option, box, selected);
-            break;
-        }
         case CVELDLayerListModel::kColOn:
         case CVELDLayerListModel::kColFreeze:
         case CVELDLayerListModel::kColLock: {
@@ -158,20 +132,14 @@ void CVELDLayerListDelegate::paint(QPainter* painter, const QStyleOptionViewItem
                               Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, name);
             break;
         }
-        case CVELDLayerListModel::kColLtype:
-            CVELDLtypeListDelegate::PaintText(painter, option, index.data().toString(), multiplier,
-                                              false);
-            break;
         default:
+            CTableListDelegate::PaintCell(painter, option, index, multiplier);
             break;
     }
-    painter->restore();
 }
 
 QSize CVELDLayerListDelegate::sizeHint(const QStyleOptionViewItem& option,
                                        const QModelIndex& index) const {
-    // Rows have the fixed height the list sets; only the width is a matter
-    // of content.
     const int multiplier = CPalmDevice::GetResMultiplier();
     const int height = option.fontMetrics.height();
     switch (index.column()) {
@@ -184,8 +152,6 @@ QSize CVELDLayerListDelegate::sizeHint(const QStyleOptionViewItem& option,
                 19 * multiplier + option.fontMetrics.horizontalAdvance(index.data().toString()),
                 height);
         default:
-            return QSize(
-                option.fontMetrics.horizontalAdvance(index.data().toString()) + 6 * multiplier,
-                height);
+            return CTableListDelegate::sizeHint(option, index);
     }
 }

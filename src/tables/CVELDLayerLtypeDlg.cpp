@@ -3,6 +3,8 @@
 #include "CListEdit.h"
 #include "app/VELD.h"
 #include "factory/RunDialog.h"
+#include "lists/ReportListView.h"
+#include "lists/TableListModel.h"
 #include "res/StringIds.h"
 #include "shell/ResString.h"
 #include "ulo/ctrl/MessageBox.h"
@@ -81,6 +83,43 @@ void CVELDLayerLtypeDlg::OnInitDialog() {
 int CVELDLayerLtypeDlg::GetFilterMask() const {
     const auto* filter = GetDlgItem<CCEBaseKeybCombo>(ids_.filter);
     return filter ? static_cast<int>(filter->GetItemDataAt(filter->currentIndex())) : 0;
+}
+
+bool CVELDLayerLtypeDlg::OnCommand(unsigned id) {
+    if (id == ids_.first) {
+        OnFirstAction();
+    } else if (id == ids_.remove) {
+        OnDelete();
+    } else if (id == ids_.current) {
+        OnCurrent();
+    } else {
+        return CExDialog::OnCommand(id);
+    }
+    return true;
+}
+
+void CVELDLayerLtypeDlg::OnCurrent() {
+    CTableListModel* model = List()->GetTableModel();
+    veld::ITableItem* item = model->ItemAtRow(List()->GetSelectedRow());
+    if (!item)
+        return;
+    if (const std::optional<StringId> refusal = CurrentRefusal(*item)) {
+        Warn(this, *refusal);
+        return;
+    }
+    if (MakeSelCurrent()) {
+        model->SetMarkedItem(item);
+        List()->RedrawAll();
+    }
+}
+
+bool CVELDLayerLtypeDlg::IsListed(const veld::ITableItem& item,
+                                  const veld::CData::CItemUsage& usage, int mask) {
+    // With every item shown, the drawing need not be asked which are used.
+    const bool used =
+        (mask & (kMaskInUse | kMaskUnused)) == (kMaskInUse | kMaskUnused) || usage.IsUsed(&item);
+    const bool take = used ? (mask & kMaskInUse) : (mask & kMaskUnused);
+    return take && !item.IsPrivate();
 }
 
 void CVELDLayerLtypeDlg::RedrawViews() const {

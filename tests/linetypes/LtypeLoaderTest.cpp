@@ -5,13 +5,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <bit>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <future>
 #include <limits>
 #include <string>
 #include <vector>
@@ -20,7 +16,6 @@
 #include "ulo/NumberText.h"
 #include "ulo/RefCounter.h"
 #include "veld/Data.h"
-#include "veld/IFile.h"
 
 using veld::CLtypeLoader;
 
@@ -40,12 +35,8 @@ public:
                          int code) override {
         reports.push_back({line, name.str(), code});
     }
-    veld::CStyle* GetUndefinedStyle(const ulo::WString& name) override {
-        asked.push_back(name.str());
-        return fallback_;
-    }
+    veld::CStyle* GetUndefinedStyle(const ulo::WString&) override { return fallback_; }
     std::vector<Report> reports;
-    std::vector<std::wstring> asked;  ///< the styles asked for
 
 private:
     veld::CStyle* fallback_;
@@ -71,17 +62,6 @@ public:
 private:
     std::uint64_t state_ = 42;
 };
-
-/// Load(@p path), ending the whole run if it does not return within half a
-/// minute: a hung load must fail, not stall the suite.
-int loadPromptly(CLtypeLoader& loader, const std::wstring& path) {
-    auto result = std::async(std::launch::async, [&] { return loader.Load(path.c_str()); });
-    if (result.wait_for(std::chrono::seconds(30)) != std::future_status::ready) {
-        std::fprintf(stderr, "Load(%ls) did not return\n", path.c_str());
-        std::_Exit(1);
-    }
-    return result.get();
-}
 
 std::uint64_t bitsOf(double v) {
     return std::bit_cast<std::uint64_t>(v);
@@ -179,17 +159,22 @@ TEST_F(LoaderTest, ARejectedDefinitionIsReportedWithItsLineAndCode) {
 }
 
 // A header without a pattern line at the end of the file is no error.
+// Eight-bit characters come in as Latin-1 and are saved back as they were.
 TEST_F(LoaderTest, HeadersSplitAtTheFirstCommaAndATrailingOneIsNoError) {
     Recorder rec;
     loader.SetNotifier(&rec);
-    EXPECT_EQ(Load("*FENCE,Fence ,x, o\nA,1,-1\n*,empty name\nA,1,-1\n*LAST,no pattern\n;; end\n"),
-              0);
+    EXPECT_EQ(
+        Load("*FENCE,Fence ,x, o\nA,1,-1\n*,empty name\nA,1,-1\n*CAF\xc9,Caf\xe9 \xb0\nA,1,-1\n"
+             "*LAST,no pattern\n;; end\n"),
+        0);
     EXPECT_TRUE(rec.reports.empty());
-    ASSERT_EQ(loader.GetNoLtypes(), 2u);
+    ASSERT_EQ(loader.GetNoLtypes(), 3u);
     EXPECT_EQ(loader.GetLtypeNo(0)->GetName(), L"FENCE");
     EXPECT_EQ(loader.GetLtypeNo(0)->GetDesc(), L"Fence ,x, o");
     EXPECT_EQ(loader.GetLtypeNo(1)->GetName(), L"");
     EXPECT_EQ(loader.GetLtypeNo(1)->GetDesc(), L"empty name");
+    EXPECT_EQ(loader.GetLtypeNo(2)->GetName(), L"CAF\u00c9");
+    EXPECT_TRUE(Save().contains("\r\n*CAF\xc9,Caf\xe9 \xb0\r\n"));
 }
 
 TEST_F(LoaderTest, TextElementKeysAndTheCharacterAfterTheBracket) {
@@ -215,21 +200,10 @@ TEST_F(LoaderTest, NumbersReadAsTheToolkitReadsThem) {
     // ulo::ScanNumber reads it; the loader's fast path for plain decimals must
     // agree everywhere: up to 18 digits, the point anywhere or nowhere, a sign
     // or none, text after the number or none; in elements and in keys alike.
-    std::vector<std::string> texts = {"1e2",
-                                      "-1.5E-1",
-                                      " 3",
-                                      "+4",
-                                      "1e",
-                                      "-",
-                                      "e5",
-                                      "--2",
-                                      "1-2",
-                                      "0x10",
-                                      "inf",
-                                      "nan",
-                                      "1e-400",
-                                      "-0." + std::string(70, '0') + "1",
-                                      "1" + std::string(300, '0')};
+    std::vector<std::string> texts = {"1e2", "-1.5E-1", " 3",   "+4",  "1e",  "-",     "e5",
+                                      "--2", "1-2",     "0x10", "inf", "nan", "1e-400"};
+    texts.push_back("-0." + std::string(70, '0') + "1");
+    texts.push_back("1" + std::string(300, '0'));
     Sequence seq;
     for (int i = 0; i < 3000; ++i) {
         std::string t = seq.Next(2) ? "-" : "";
@@ -260,56 +234,6 @@ TEST_F(LoaderTest, NumbersReadAsTheToolkitReadsThem) {
             << texts[i];
         EXPECT_EQ(l->GetDash(2)->GetText()->GetPoint().x, scanned) << texts[i];  // -0 is 0 there
     }
-}
-
-TEST_F(LoaderTest, SavedNumbersAreTheToolkitsTextsWhenTheseReadBackExactly) {
-    // Pattern elements as ulo::WString::ValueOf(v, 6) writes them; text values
-    // as ulo::CStringDaDouble(v, 0, 6); but below 1e15 only, and only when
-    // that text reads back as the very same double: else in their shortest
-    // exact form.
-    std::vector<double> values = {0.0,    -0.0,    0.5,      -0.25,    0.1,    1e-7,
-                                  -1e-7,  5e-7,    -5e-7,    1e15,     -1e300, 1e-300,
-                                  2.5e-6, 1.0 / 3, -2.0 / 3, 0.1 + 0.2};
-    values.insert(values.end(), {4.999999e-7, 5.000001e-7, 1.0000005, 123456.789012, 4294967295.5,
-                                 4294967296.0, -4294967296.25, 999999999999999.9, 12.3456785,
-                                 -0.0000004, 1e9 + 1e-6, 1e14 + 0.5});
-    values.insert(values.end(), {1.0 / 3, -2.0 / 3, 0.1 + 0.2, 1e9 + 1e-6, 1e14 + 0.5});
-    Sequence seq;
-    for (int i = 0; i < 2000; ++i) {
-        // Millionths of every size, and values of no short decimal form.
-        const double millionths = static_cast<double>(seq.Next(1ull << 52)) /
-                                  std::pow(10.0, static_cast<double>(seq.Next(16)));
-        values.push_back((seq.Next(2) ? -1 : 1) * std::round(millionths) / 1e6);
-        values.push_back(millionths * 1e-3 / 7);
-    }
-    const auto narrow = [](const std::wstring& w) { return std::string(w.begin(), w.end()); };
-    const auto exactOr = [&](const ulo::WString& six, double v) {
-        const bool same =
-            std::fabs(v) < 1e15 && std::bit_cast<std::uint64_t>(ulo::ScanNumber(six.str()).value) ==
-                                       std::bit_cast<std::uint64_t>(v);
-        return narrow(same ? six.str() : ulo::ExactText(v));
-    };
-    std::vector<std::string> expected;
-    for (const double value : values) {
-        veld::CLtypeComplexDashSeq dashes;
-        dashes.AddDashDouble(1);
-        dashes.AddDashDouble(value);
-        dashes.AddDashText(veld::TEXT_3D(L"T", data.GetStyleTable().GetStyleStandard(), value, 0, 1,
-                                         0, {value, value, 0}, 0, 0));
-        const double v = dashes.GetDash(1)->GetDouble();  // as the model keeps it
-        const std::string text = exactOr(ulo::CStringDaDouble(v, 0, 6), v);
-        expected.push_back("A,1," + exactOr(ulo::WString::ValueOf(v, 6), v) +
-                           ",[\"T\",STANDARD,S=" + text + ",R=0.000000,X=" + text + ",Y=" + text +
-                           "]");
-        veld::CLtype* ltype = data.GetObjectFactory()->CreateLtype(L"V", L"", dashes, 0, 0);
-        loader.Add(ltype);
-        ltype->SubReference();
-    }
-    const QList<QByteArray> lines = Save().split('\n');
-    ASSERT_EQ(lines.size(), 2 * values.size() + 1);
-    for (std::size_t i = 0; i < values.size(); ++i)
-        EXPECT_EQ(lines[static_cast<qsizetype>(2 * i + 1)].toStdString(), expected[i] + "\r")
-            << std::bit_cast<std::uint64_t>(values[i]);
 }
 
 TEST_F(LoaderTest, LinesAcrossTheReadBlocksCountAsInASmallFile) {
@@ -345,44 +269,9 @@ TEST_F(LoaderTest, LinesAcrossTheReadBlocksCountAsInASmallFile) {
     EXPECT_EQ(rec.reports, (std::vector<Report>{{pieces + 2, L"BAD", 6}}));
 }
 
-TEST_F(LoaderTest, UndefinedStylesComeFromTheNotifierEveryTime) {
-    Recorder rec(data.GetStyleTable().GetStyleStandard());
-    loader.SetNotifier(&rec);
-    Load(
-        "*A\nA,1,[\"X\",NOSUCH],-1,[\"Y\",STANDARD],-1\n"
-        "*A\nA,1,[\"X\",NOSUCH],-1,[\"Y\",standard],-1\n");
-    EXPECT_EQ(rec.asked, (std::vector<std::wstring>{L"NOSUCH", L"NOSUCH"}));
-    EXPECT_TRUE(rec.reports.empty());
-    ASSERT_EQ(loader.GetNoLtypes(), 2u);  // names are not checked
-    EXPECT_EQ(loader.GetLtypeNo(0)->GetDash(1)->GetText()->GetStyle()->GetName(), L"STANDARD");
-    EXPECT_EQ(loader.GetLtypeNo(1)->GetDash(3)->GetText()->GetStyle()->GetName(), L"STANDARD");
-}
-
-TEST_F(LoaderTest, EightBitCharactersRoundTrip) {
-    Load("*CAF\xc9,Caf\xe9 \xb0\nA,1,-1\n");
-    ASSERT_EQ(loader.GetNoLtypes(), 1u);
-    EXPECT_EQ(loader.GetLtypeNo(0)->GetName(), L"CAF\u00c9");
-    EXPECT_TRUE(Save().startsWith("*CAF\xc9,Caf\xe9 \xb0\r\n"));
-}
-
-TEST_F(LoaderTest, AReadFailureMidFileIsLeftToTheCaller) {
-    // A directory opened as a stream fails on read; reach it through a path
-    // that passes the open check: /proc/self/mem cannot be read at offset 0.
-    struct stat st {};
-    if (::stat("/proc/self/mem", &st) != 0)
-        GTEST_SKIP() << "no /proc";
-    EXPECT_THROW(loader.Load(L"/proc/self/mem"), veld::IFile::IFileIOError);
-}
-
 TEST_F(LoaderTest, ALibraryThatIsNotARegularFileOrIsTooLargeLoadsNothingAtOnce) {
     using F = CLtypeLoader::LoadFailure;
     constexpr auto kLimit = static_cast<qint64>(CLtypeLoader::kMaxFileSize);
-    const QString fifo = dir.filePath(QStringLiteral("fifo.lin"));
-    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
-    const QString zero = dir.filePath(QStringLiteral("zero.lin"));
-    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), zero));
-    const QString over = dir.filePath(QStringLiteral("over.lin"));
-    ASSERT_TRUE(makeFile(over, "*OK\nA,1,-1\n", kLimit + 1));
     const QString full = dir.filePath(QStringLiteral("full.lin"));
     ASSERT_TRUE(makeFile(full, "*OK\nA,1,-1\n", kLimit));
     // Past the first block the reader takes, a bad definition makes the file
@@ -404,11 +293,8 @@ TEST_F(LoaderTest, ALibraryThatIsNotARegularFileOrIsTooLargeLoadsNothingAtOnce) 
         F failure;
         unsigned loaded;
     } cases[] = {
-        {"a pipe", fifo, -1, F::NotRegularFile, 0},
-        {"/dev/zero", QStringLiteral("/dev/zero"), -1, F::NotRegularFile, 0},
-        {"a link to /dev/zero", zero, -1, F::NotRegularFile, 0},
+        // Pipes, devices, links to them, one byte over the limit: VeldLinTest.
         {"a folder", dir.path(), -1, F::NotRegularFile, 0},
-        {"one byte over the limit", over, -1, F::TooLarge, 0},
         {"at the limit", full, 0, F::None, 1},
         {"growing past the limit while read", grows, -1, F::TooLarge, 0},
         {"missing", dir.filePath(QStringLiteral("missing.lin")), -1, F::CannotOpen, 0},
@@ -417,23 +303,20 @@ TEST_F(LoaderTest, ALibraryThatIsNotARegularFileOrIsTooLargeLoadsNothingAtOnce) 
         growing.file = c.path == grows ? grows : QString();
         Load("*HELD\nA,1,-1\n");
         ASSERT_EQ(loader.GetNoLtypes(), 1u);
-        EXPECT_EQ(loadPromptly(loader, c.path.toStdWString()), c.result) << c.what;
+        EXPECT_EQ(loader.Load(c.path.toStdWString().c_str()), c.result) << c.what;
         EXPECT_EQ(loader.GetLoadFailure(), c.failure) << c.what;
         EXPECT_EQ(loader.GetNoLtypes(), c.loaded) << c.what;
     }
 }
 
-TEST_F(LoaderTest, WhatLoadedSavesAndLoadsBackTheSameOrIsNamed) {
-    // Every library loads in full. Saved and loaded again, it gives the same
-    // line types, bit for bit, but for those the save names as left out.
+TEST_F(LoaderTest, WhatLoadedSavesAndLoadsBackTheSame) {
+    // Every library loads in full; saved and loaded again, it gives the same
+    // line types, bit for bit. A line that would grow past 4095 characters
+    // (a style the drawing lacks, written as STANDARD) is named and left out:
+    // VeldLinTest's ConvertNamesTheDefinitionsItLeavesOut.
     std::string many = "*MANY,150 text elements\nA,0.5";
     for (int i = 0; i < 150; ++i)
         many += ",[\"G" + std::to_string(i % 10) + "\",STANDARD],-0.25";
-    // A style the drawing lacks comes back as STANDARD: 7 characters more
-    // for each of these 500 elements.
-    std::string grows = "*GROWS\nA,1";
-    for (int i = 0; i < 500; ++i)
-        grows += ",[\"g\",X]";
     Sequence seq;
     std::string random;  // values of every magnitude, subnormals among them
     const auto anyValue = [&] {
@@ -451,35 +334,26 @@ TEST_F(LoaderTest, WhatLoadedSavesAndLoadsBackTheSameOrIsNamed) {
     const struct {
         const char* what;
         std::string file;
-        std::vector<std::wstring> leftOut;
     } cases[] = {
-        {"150 text elements", many + "\n", {}},
+        {"150 text elements", many + "\n"},
         {"a line of 4095 characters whose numbers are longer written in full",
-         "*NUMBERS\n" + longestLine({"1e9", ".5", "123e10", "-1E5", "1e-7", "-.25"}) + "\n",
-         {}},
+         "*NUMBERS\n" + longestLine({"1e9", ".5", "123e10", "-1E5", "1e-7", "-.25"}) + "\n"},
         {"a line of 4095 characters of text elements",
-         "*TEXTS\n" + longestLine({"[\"T\",STANDARD]", "[\"U\",standard,s=2,Q=7]x9", "-1"}) + "\n",
-         {}},
-        {"a text of 1500 characters",
-         "*LONGTEXT\nA,1,[\"" + std::string(1500, 'T') +
-             "\",STANDARD,S=2.5,R=45,X=-1,Y=1e-300],-1\n",
-         {}},
+         "*TEXTS\n" + longestLine({"[\"T\",STANDARD]", "[\"U\",standard,s=2,Q=7]x9", "-1"}) + "\n"},
+        {"a text of 1500 characters", "*LONGTEXT\nA,1,[\"" + std::string(1500, 'T') +
+                                          "\",STANDARD,S=2.5,R=45,X=-1,Y=1e-300],-1\n"},
         {"a name of 2000 characters with a description",
-         "*" + std::string(2000, 'N') + "," + std::string(1500, 'd') + "\nA,1,-1\n",
-         {}},
+         "*" + std::string(2000, 'N') + "," + std::string(1500, 'd') + "\nA,1,-1\n"},
         {"a name of 4094 characters and no description",
-         "*" + std::string(4094, 'N') + "\nA,1,-1\n",
-         {}},
+         "*" + std::string(4094, 'N') + "\nA,1,-1\n"},
         {"extreme and subnormal values",
          "*EXTREMES\nA,4e-320,-2.2e-308,1.7976931348623157e308,-1.7976931348623157e308,-0,"
          "5e-324,0.1,0.30000000000000004,1e-7,123456789012345678,"
          "[\"X\",STANDARD,S=4e-320,R=-0,X=1.7976931348623157e308,Y=-2.2e-308],"
          "[\"R\",STANDARD,R=4e-320,S=1e55],[\"R\",STANDARD,R=1.7976931348623157e308,X=-0],"
          "[\"R\",STANDARD,R=33.333333333333336,Y=5e-324],[\"R\",STANDARD,R=-2e300],-1\n"
-         "*ZERO FIRST\nA,-0,-0\n",
-         {}},
-        {"values of every magnitude", random, {}},
-        {"a line that grows past 4095 characters", grows + "\n*AFTER\nA,1,-1\n", {L"GROWS"}},
+         "*ZERO FIRST\nA,-0,-0\n"},
+        {"values of every magnitude", random},
     };
     Recorder rec(data.GetStyleTable().GetStyleStandard());
     loader.SetNotifier(&rec);
@@ -490,19 +364,12 @@ TEST_F(LoaderTest, WhatLoadedSavesAndLoadsBackTheSameOrIsNamed) {
         ASSERT_TRUE(rec.reports.empty()) << c.what;
         ASSERT_GT(loader.GetNoLtypes(), 0u) << c.what;
         Save();
-        std::vector<std::wstring> leftOut;
-        for (unsigned i = 0; i < loader.GetNoUnsaved(); ++i) {
-            EXPECT_EQ(loader.GetUnsavedNo(i).reason, CLtypeLoader::SaveRefusal::LineTooLong);
-            leftOut.push_back(loader.GetUnsavedNo(i).ltype->GetName().str());
-        }
-        EXPECT_EQ(leftOut, c.leftOut) << c.what;
+        EXPECT_EQ(loader.GetNoUnsaved(), 0u) << c.what;
         EXPECT_EQ(again.Load(saved.c_str()), 0) << c.what;
         EXPECT_TRUE(rec.reports.empty()) << c.what;
         std::vector<std::string> expected, got;
         for (unsigned i = 0; i < loader.GetNoLtypes(); ++i)
-            if (std::find(leftOut.begin(), leftOut.end(), loader.GetLtypeNo(i)->GetName().str()) ==
-                leftOut.end())
-                expected.push_back(fileContent(*loader.GetLtypeNo(i)));
+            expected.push_back(fileContent(*loader.GetLtypeNo(i)));
         for (unsigned i = 0; i < again.GetNoLtypes(); ++i)
             got.push_back(fileContent(*again.GetLtypeNo(i)));
         EXPECT_EQ(got, expected) << c.what;

@@ -1,9 +1,9 @@
 // The layers and line types dialogs as the host runs them (ShowDlgLayer,
-// ShowDlgLtype) on the sample drawing: what the lists show, the refusals word
-// for word, renaming, sorting, the filters, the global line type scale, and
-// loaded, deleted and current items kept by OK. That any visit cancelled
-// leaves the drawing as it was, and one kept is one undo step, the random
-// visits of VisitInvariantTest check.
+// ShowDlgLtype) on the sample drawing: what the lists show, every warning and
+// refusal word for word, renaming, sorting, the filters, the global line type
+// scale, and edits kept by OK. That any visit cancelled leaves the drawing as
+// it was, and one kept is one undo step, the random visits of
+// VisitInvariantTest check.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -24,8 +24,7 @@ namespace {
 
 constexpr unsigned kLayerFilter = 1128, kLayerList = 1129, kNew = 1130, kLayerDelete = 1131,
                    kLayerCurrent = 1132, kNameEdit = 11132;
-constexpr unsigned kLtypeFilter = 11125, kLtypeList = 11126, kLtypeDelete = 11127, kLoad = 11128,
-                   kLtypeCurrent = 11129, kScale = 11130, kLoadGrid = 2000;
+constexpr unsigned kLtypeList = 11126, kLtypeDelete = 11127, kLtypeCurrent = 11129, kScale = 11130;
 
 QString Q(const char* text) {
     return QString::fromUtf8(text);
@@ -43,35 +42,16 @@ QStringList Rows(QWidget* window, unsigned id) {
     }
     return rows;
 }
-/// The first column of list @p id.
-QStringList Names(QWidget* window, unsigned id) {
-    QStringList names;
-    for (const QString& row : Rows(window, id))
-        names << row.section(u'\t', 0, 0);
-    return names;
-}
+/// The row of list @p id whose first column is @p name, or -1.
 int RowOf(QWidget* window, unsigned id, const QString& name) {
-    return static_cast<int>(Names(window, id).indexOf(name));
+    const QStringList rows = Rows(window, id);
+    for (qsizetype row = 0; row < rows.size(); ++row)
+        if (rows[row].section(u'\t', 0, 0) == name)
+            return static_cast<int>(row);
+    return -1;
 }
-int Selected(QWidget* window, unsigned id, const char* key = "selected") {
-    return ScriptedUser::ControlState(ulo::FindControl(window, id))
-        .value(QString::fromLatin1(key))
-        .toInt(-2);
-}
-
-const QString kEmptyName =
-    Q("Layer name invalid.\r\n\r\nThe name must contain at least one character!");
-const QString kTakenName = Q("Layer name invalid.\r\n\r\nThe name must be unique");
-const QString kLetters =
-    Q("Layer name invalid.\r\n\r\nThe layer names must consist of the following "
-      "letters:\r\n\tA - Z\r\n\t0 - 9\r\n\t$_-");
 
 using Act = std::function<void(ScriptedUser&, QWidget*)>;  // on the dialog, by row names
-struct Refusal {
-    const char* what;
-    Act act;
-    QString message;
-};
 
 class TableDialogTest : public FactoryTest {
 protected:
@@ -83,11 +63,8 @@ protected:
             L"SPARE", Layer(L"0")->GetLtype(), 3, veld::kLineWidthDefault, 0, 0);
         cad.GetData()->GetLayerTable().Add(spare);
         spare->SubReference();
-        before = drawingfile::Dump(cad);
-        written = drawingfile::Write(cad);
     }
     veld::CLayer* Layer(const wchar_t* name) { return cad.GetData()->GetLayerTable().Find(name); }
-    veld::CLtype* Ltype(const wchar_t* name) { return cad.GetData()->GetLtypeTable().Find(name); }
     /// Runs the layers dialog, or the line types dialog, with @p act queued
     /// as the dialog opens (steps queued while looking come after those
     /// queued before: all go in at once).
@@ -100,51 +77,54 @@ protected:
         ExpectFinished(user);
         return user;
     }
-    /// Each refusal, answered, then the visit cancelled: one warning word for
-    /// word, and the drawing as before.
-    void ExpectRefusals(bool layers, const std::vector<Refusal>& refusals) {
-        for (const Refusal& r : refusals) {
-            SCOPED_TRACE(r.what);
-            ScriptedUser user;
-            Run(user, layers, [&](ScriptedUser& u, QWidget* w) {
-                r.act(u, w);
-                u.Answer(ulo::IDOK).Click(ulo::IDCANCEL);
-            });
-            ASSERT_EQ(user.Messages().size(), 1u);
-            EXPECT_EQ(user.Messages()[0].caption, Q("Warning"));
-            EXPECT_EQ(user.Messages()[0].text, r.message);
-            EXPECT_EQ(user.Messages()[0].flags, 0x30u);
-            EXPECT_EQ(drawingfile::Dump(cad), before);
-        }
-    }
-
     CVELD cad;
-    QByteArray before, written;
 };
 using LayersDialogTest = TableDialogTest;
 using LtypesDialogTest = TableDialogTest;
 
-/// Taps the row of @p name in list @p list (by its first column), then
-/// clicks @p button.
-Act On(unsigned list, const char* name, unsigned button) {
-    return
-        [=](ScriptedUser& u, QWidget* w) { u.Tap(list, RowOf(w, list, Q(name)), 0).Click(button); };
+/// Selects the row of @p name (none: nothing) in list @p list, by a tap on
+/// its first column, or in the layers list by a double toggle of its Lock;
+/// then clicks @p buttons.
+Act On(unsigned list, const char* name, std::vector<unsigned> buttons) {
+    return [=](ScriptedUser& u, QWidget* w) {
+        const int row = name ? RowOf(w, list, Q(name)) : -1;
+        if (row >= 0 && list == kLayerList)
+            u.Tap(list, row, 3).Tap(list, row, 3);
+        else if (row >= 0)
+            u.Tap(list, row, 0);
+        for (const unsigned button : buttons)
+            u.Click(button);
+    };
+}
+/// Types @p name into the editor of layer ROADS, and Return.
+Act Rename(const char* name) {
+    return [=](ScriptedUser& u, QWidget* w) {
+        u.Tap(kLayerList, RowOf(w, kLayerList, Q("ROADS")), 0)
+            .SetText(kNameEdit, Q(name))
+            .Key(kNameEdit, Qt::Key_Return);
+    };
 }
 
 }  // namespace
 
-// ------------------------------------------------------------------- layers
-
-// Sorted by name at first; rows read as words; the current layer marked.
+// Sorted by name at first; rows read as words; the current layer marked. The
+// name editor does not open on an external layer or layer 0.
 TEST_F(LayersDialogTest, ListsTheLayersByNameWithTheirStatesAsWords) {
     ScriptedUser user;
     QStringList rows;
     int marked = -2;
+    bool editor = true;
     Run(user, true, [&](ScriptedUser& u, QWidget* w) {
         rows = Rows(w, kLayerList);
-        marked = Selected(w, kLayerList, "marked");
-        u.Click(ulo::IDCANCEL);
+        marked = ScriptedUser::ControlState(ulo::FindControl(w, kLayerList))
+                     .value(QStringLiteral("marked"))
+                     .toInt(-2);
+        u.Tap(kLayerList, RowOf(w, kLayerList, Q("BASEMAP|ROADS")), 0)
+            .Tap(kLayerList, 0, 0)
+            .Inspect([&](QWidget* w) { editor = ulo::FindControl(w, kNameEdit)->isVisible(); })
+            .Click(ulo::IDCANCEL);
     });
+    EXPECT_FALSE(editor);
     ASSERT_EQ(rows.size(), 13) << rows.join(u'\n').toStdString();  // the private layer is left out
     EXPECT_EQ(rows[0], Q("0\ton\tthawed\tunlocked\tWhite\tContinuous"));
     EXPECT_EQ(rows[2].section(u'\t', 0, 3), Q("BOUNDARY\ton\tthawed\tlocked"));
@@ -156,204 +136,162 @@ TEST_F(LayersDialogTest, ListsTheLayersByNameWithTheirStatesAsWords) {
     EXPECT_EQ(user.Dialogs()[0].help, Q("QuadraCE.htm#Dlg OpzPiano"));
 }
 
-// Each way to a refusal (the Current and Delete buttons, the Freeze column,
-// the name editor ended by Return). What the controller refuses beyond these,
-// and that a refusal changes nothing even before Cancel, CLayerLtypeCtrlDlgTest
-// checks; the editor's other refusals, the test of the filter picked during an
-// edit.
-TEST_F(LayersDialogTest, RefusalsAreShownWordForWordAndChangeNothing) {
-    ExpectRefusals(
-        true,
-        {
-            {"current on a frozen layer", On(kLayerList, "CONTOURS", kLayerCurrent),
-             Q("The layer selected can not be made current.\r\n\r\nThe following layers can not "
-               "be made current:\r\n\t-XRef Layers\r\n\t-Frozen Layers")},
-            {"freeze the current layer",
-             [](ScriptedUser& u, QWidget* w) {
-                 u.Tap(kLayerList, RowOf(w, kLayerList, Q("BUILDINGS")), 2);
-             },
-             Q("The current layer cannot be freezed")},
-            // A row is selected by tapping its Lock twice: it ends as it began.
-            {"delete layer 0",
-             [](ScriptedUser& u, QWidget*) {
-                 u.Tap(kLayerList, 0, 3).Tap(kLayerList, 0, 3).Click(kLayerDelete);
-             },
-             Q("The layer selected is not was deleted.\r\n\r\nThe following layers can not be "
-               "deleted:\r\n\tLayer 0\r\n\tCurrent Layer\r\n\tXRef Layers\r\n\tLayers with "
-               "objects")},
-            {"rename to an external layer's name",
-             [](ScriptedUser& u, QWidget* w) {
-                 u.Tap(kLayerList, RowOf(w, kLayerList, Q("ROADS")), 0)
-                     .SetText(kNameEdit, Q("basemap|roads"))
-                     .Key(kNameEdit, Qt::Key_Return);
-             },
-             kLetters},
-        });
-}
-
-TEST_F(LayersDialogTest, SwitchingOffTheCurrentLayerWarnsAndSwitchesItOff) {
-    ScriptedUser user;
-    Run(user, true, [](ScriptedUser& u, QWidget* w) {
-        u.Tap(kLayerList, RowOf(w, kLayerList, Q("BUILDINGS")), 1)
-            .Answer(ulo::IDOK)
-            .Click(ulo::IDOK);
-    });
-    ASSERT_EQ(user.Messages().size(), 1u);
-    EXPECT_EQ(user.Messages()[0].text, Q("The current layer will be deactivated"));
-    EXPECT_TRUE(Layer(L"BUILDINGS")->IsOff());
-}
-
-// The editor does not open on layer 0 or an external layer; a layer may take
-// its own name in other letter case, and keep a starting name the character
-// rule refuses, or one the editor cannot hold as it stands.
-TEST_F(LayersDialogTest, RenamingRules) {
-    {
+// Every warning of the dialogs and of their controller (CLayerLtypeCtrlDlg),
+// each answered, then the visit cancelled: word for word, caption "Warning",
+// exclamation and OK. A refusal leaves the drawing as it was at once; the
+// warning that the current layer goes off does not refuse.
+TEST_F(TableDialogTest, WarningsAreShownWordForWord) {
+    const QString notCurrent =
+        Q("The layer selected can not be made current.\r\n\r\nThe following layers can not be "
+          "made current:\r\n\t-XRef Layers\r\n\t-Frozen Layers");
+    const QString notDeleted =
+        Q("The layer selected is not was deleted.\r\n\r\nThe following layers can not be "
+          "deleted:\r\n\tLayer 0\r\n\tCurrent Layer\r\n\tXRef Layers\r\n\tLayers with "
+          "objects");
+    const QString ltypeNotDeleted =
+        Q("The line type selected has not been canceled.\r\n\r\nThe following types of line can "
+          "not be deleted.\r\n\tLine type ByBlock, ByLayer and Continuous\r\n\tLine type "
+          "current\r\n\tLine type Xref\r\n\tLine type in objects or layers");
+    const QString invalid = Q("Layer name invalid.\r\n\r\n");
+    const auto tap = [](const char* name, int column) -> Act {
+        return [=](ScriptedUser& u, QWidget* w) {
+            u.Tap(kLayerList, RowOf(w, kLayerList, Q(name)), column);
+        };
+    };
+    const struct {
+        const char* what;
+        bool layers;
+        Act act;
+        QString message;
+        bool refused = true;
+    } cases[] = {
+        {"current on a frozen layer", true, On(kLayerList, "CONTOURS", {kLayerCurrent}),
+         notCurrent},
+        {"freeze the current layer", true, tap("BUILDINGS", 2),
+         Q("The current layer cannot be freezed")},
+        {"switch the current layer off", true, tap("BUILDINGS", 1),
+         Q("The current layer will be deactivated"), false},
+        {"delete with no layer selected", true, On(kLayerList, nullptr, {kLayerDelete}),
+         Q("Select a layer to erase")},
+        {"delete layer 0", true, On(kLayerList, "0", {kLayerDelete}), notDeleted},
+        {"delete the current layer", true, On(kLayerList, "BUILDINGS", {kLayerDelete}), notDeleted},
+        {"delete the layer made current", true,
+         On(kLayerList, "SPARE", {kLayerCurrent, kLayerDelete}), notDeleted},
+        {"delete a layer with objects", true, On(kLayerList, "TREES", {kLayerDelete}), notDeleted},
+        {"delete an external layer", true, On(kLayerList, "BASEMAP|ROADS", {kLayerDelete}),
+         notDeleted},
+        {"an empty name", true, Rename(""),
+         invalid + Q("The name must contain at least one character!")},
+        {"a name taken in other letter case", true, Rename("Trees"),
+         invalid + Q("The name must be unique")},
+        {"an external layer's name", true, Rename("basemap|roads"),
+         invalid + Q("The layer names must consist of the following letters:\r\n\tA - Z\r\n\t0 - "
+                     "9\r\n\t$_-")},
+        {"make an external line type current", false,
+         On(kLtypeList, "BASEMAP|TRACK", {kLtypeCurrent}),
+         Q("A type line XRef-dependent can not be made current")},
+        {"delete with no line type selected", false, On(kLtypeList, nullptr, {kLtypeDelete}),
+         Q("Select a linetype to erase.")},
+        {"delete Continuous", false, On(kLtypeList, "Continuous", {kLtypeDelete}), ltypeNotDeleted},
+        {"delete an external line type", false, On(kLtypeList, "BASEMAP|TRACK", {kLtypeDelete}),
+         ltypeNotDeleted},
+        {"delete a layer's line type", false, On(kLtypeList, "HIDDEN", {kLtypeDelete}),
+         ltypeNotDeleted},
+        {"delete the line type made current", false,
+         On(kLtypeList, "PHANTOM", {kLtypeCurrent, kLtypeDelete}), ltypeNotDeleted},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
         ScriptedUser user;
-        bool shown = true;
-        Run(user, true, [&](ScriptedUser& u, QWidget* w) {
-            u.Tap(kLayerList, RowOf(w, kLayerList, Q("BASEMAP|ROADS")), 0)
-                .Tap(kLayerList, 0, 0)
-                .Inspect([&](QWidget* w) { shown = ulo::FindControl(w, kNameEdit)->isVisible(); })
+        bool unchanged = false;
+        Run(user, c.layers, [&](ScriptedUser& u, QWidget* w) {
+            const QByteArray before = drawingfile::Dump(cad);
+            c.act(u, w);
+            u.Answer(ulo::IDOK)
+                .Inspect([&, before](QWidget*) { unchanged = drawingfile::Dump(cad) == before; })
                 .Click(ulo::IDCANCEL);
         });
-        EXPECT_FALSE(shown);
-    }
-    // A starting name with a space, taken in from a file.
-    Layer(L"TEXT")->SetName(L"OLD TEXT");
-    const struct {
-        const char *from, *to;  // to: the layer's name after OK
-    } cases[] = {{"ROADS", "roads"}, {"ROADS", "MAIN_ROADS-2$"}, {"OLD TEXT", "OLD TEXT"}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.to);
-        ScriptedUser user;
-        Run(user, true, [&](ScriptedUser& u, QWidget* w) {
-            u.Tap(kLayerList, RowOf(w, kLayerList, Q(c.from)), 0)
-                .SetText(kNameEdit, Q(c.to))
-                .Key(kNameEdit, Qt::Key_Return)
-                .Click(ulo::IDOK);
-        });
-        EXPECT_TRUE(user.Messages().empty());
-        const veld::CLayer* renamed = Layer(Q(c.to).toStdWString().c_str());
-        ASSERT_NE(renamed, nullptr);
-        EXPECT_EQ(renamed->GetName().ToQString(), Q(c.to));
-        ASSERT_TRUE(cad.Undo());
-    }
-    // A NUL inside, more characters than an edit takes: left untouched, no
-    // rename.
-    for (const std::wstring& name : {std::wstring(L"A\0B", 3), std::wstring(1000000, L'Z')}) {
-        SCOPED_TRACE(name.size());
-        Layer(L"SPARE")->SetName(ulo::WString(name));
-        ScriptedUser user;
-        Run(user, true, [&](ScriptedUser& u, QWidget* w) {
-            u.Tap(kLayerList, RowOf(w, kLayerList, QString::fromStdWString(name)), 0)
-                .Key(kNameEdit, Qt::Key_Return)
-                .Click(ulo::IDOK);
-        });
-        EXPECT_TRUE(user.Messages().empty());
-        veld::CLayer* kept = cad.GetData()->GetLayerTable().Find(ulo::WString(name));
-        ASSERT_NE(kept, nullptr);
-        kept->SetName(L"SPARE");
+        ASSERT_EQ(user.Messages().size(), 1u);
+        EXPECT_EQ(user.Messages()[0].caption, Q("Warning"));
+        EXPECT_EQ(user.Messages()[0].text, c.message);
+        EXPECT_EQ(user.Messages()[0].flags, 0x30u);
+        EXPECT_EQ(unchanged, c.refused);
     }
 }
 
-// A header clicked twice sorts ascending, then descending; ties go by name
-// ascending in both directions; after "New" the next click sorts ascending.
-TEST_F(LayersDialogTest, ColumnHeadersSortWithTiesByName) {
+// A layer may take its own name in other letter case, and keep a starting
+// name the character rule refuses (taken in from a file), or one the editor
+// cannot hold as it stands (a NUL inside, more characters than an edit takes).
+TEST_F(LayersDialogTest, RenamingRules) {
+    const struct {
+        std::wstring from;
+        const char* typed;  // null: the name as the editor shows it
+    } cases[] = {{L"SPARE", "spare"},
+                 {L"SPARE", "MAIN_ROADS-2$"},
+                 {L"OLD TEXT", nullptr},
+                 {std::wstring(L"A\0B", 3), nullptr},
+                 {std::wstring(1000000, L'Z'), nullptr}};
+    veld::CLayer* layer = Layer(L"SPARE");
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.typed ? c.typed : "untouched");
+        layer->SetName(ulo::WString(c.from));
+        ScriptedUser user;
+        Run(user, true, [&](ScriptedUser& u, QWidget* w) {
+            u.Tap(kLayerList, RowOf(w, kLayerList, QString::fromStdWString(c.from)), 0);
+            if (c.typed)
+                u.SetText(kNameEdit, Q(c.typed));
+            u.Key(kNameEdit, Qt::Key_Return).Click(ulo::IDOK);
+        });
+        EXPECT_TRUE(user.Messages().empty());
+        EXPECT_EQ(layer->GetName().ToQString(),
+                  c.typed ? Q(c.typed) : QString::fromStdWString(c.from));
+    }
+}
+
+// A header clicked twice sorts ascending, then descending, ties by name
+// ascending both ways; after "New" the next click sorts ascending again.
+// "All unused" leaves out the layers in use, but a new layer is listed until
+// the next refill.
+TEST_F(LayersDialogTest, TheListFollowsHeaderClicksNewLayersAndTheFilter) {
     Layer(L"ROADS")->SetColor(3);  // FENCES, ROADS and SPARE: 3 (Green)
     ScriptedUser user;
-    QStringList seen;
+    QStringList seen;  // each look: "colour:name" for each row
     const auto look = [&](QWidget* w) {
-        QStringList colours;
+        QStringList rows;
         for (const QString& row : Rows(w, kLayerList))
-            colours << row.section(u'\t', 4, 4) + u':' + row.section(u'\t', 0, 0);
-        seen << colours.join(u',');
+            rows << row.section(u'\t', 4, 4) + u':' + row.section(u'\t', 0, 0);
+        seen << rows.join(u',') + u',';
     };
     user.Header(kLayerList, 4).Inspect(look).Header(kLayerList, 4).Inspect(look);
-    user.Click(kNew).Header(kLayerList, 4).Inspect(look).Click(ulo::IDCANCEL);
+    user.Click(kNew).Header(kLayerList, 4).Inspect(look);
+    user.Pick(kLayerFilter, 2).Inspect(look).Click(kNew).Inspect(look);
+    user.Pick(kLayerFilter, 0).Inspect(look).Click(ulo::IDCANCEL);
     factory->ShowDlgLayer(nullptr, cad);
     ExpectFinished(user);
-    ASSERT_EQ(seen.size(), 3);
+    ASSERT_EQ(seen.size(), 6);
     EXPECT_TRUE(
         seen[0].startsWith(Q("Red:BUILDINGS,Yellow:TEXT,Green:FENCES,Green:ROADS,Green:SPARE,")))
         << seen[0].toStdString();
     EXPECT_TRUE(
-        seen[1].contains(Q(",Green:FENCES,Green:ROADS,Green:SPARE,Yellow:TEXT,Red:BUILDINGS")))
+        seen[1].endsWith(Q(",Green:FENCES,Green:ROADS,Green:SPARE,Yellow:TEXT,Red:BUILDINGS,")))
         << seen[1].toStdString();
-    EXPECT_TRUE(seen[2].startsWith(Q("Red:BUILDINGS"))) << seen[2].toStdString();
+    EXPECT_TRUE(seen[2].startsWith(Q("Red:BUILDINGS,Red:Layer1,"))) << seen[2].toStdString();
+    EXPECT_TRUE(seen[3].contains(Q(":SPARE,")) && seen[3].contains(Q(":Layer1,")) &&
+                !seen[3].contains(Q(":TREES,")))
+        << seen[3].toStdString();
+    EXPECT_EQ(seen[4], seen[3] + Q("Red:Layer2,"));
+    EXPECT_TRUE(seen[5].contains(Q(":Layer2,")) && seen[5].contains(Q(":TREES,")))
+        << seen[5].toStdString();
 }
 
-// "All unused" leaves out the layers in use, but a new layer is listed until
-// the next refill.
-TEST_F(LayersDialogTest, FilterAndNewLayer) {
-    ScriptedUser user;
-    QStringList unused, afterNew, all;
-    user.Pick(kLayerFilter, 2)
-        .Inspect([&](QWidget* w) { unused = Names(w, kLayerList); })
-        .Click(kNew)
-        .Inspect([&](QWidget* w) { afterNew = Names(w, kLayerList); })
-        .Pick(kLayerFilter, 1)
-        .Pick(kLayerFilter, 0)
-        .Inspect([&](QWidget* w) { all = Names(w, kLayerList); })
-        .Click(ulo::IDCANCEL);
-    factory->ShowDlgLayer(nullptr, cad);
-    ExpectFinished(user);
-    EXPECT_TRUE(unused.contains(Q("SPARE")) && !unused.contains(Q("TREES")))
-        << unused.join(u',').toStdString();
-    EXPECT_EQ(afterNew, unused + QStringList{Q("Layer1")});
-    EXPECT_TRUE(all.contains(Q("Layer1")) && all.contains(Q("TREES")))
-        << all.join(u',').toStdString();
-}
-
-// Opening the filter while the name editor holds a name the rules refuse ends
-// the edit first: the warning shows, the layer keeps its name, and then the
-// item picked is the filter.
-TEST_F(LayersDialogTest, FilterPickedWhileARefusedNameIsInTheEditorTakesEffectAfterTheWarning) {
-    const struct {
-        const char* name;
-        QString message;
-        int filter;
-        const char *listed, *leftOut;
-    } cases[] = {
-        {"", kEmptyName, 2, "SPARE", "TREES"},
-        {"Trees", kTakenName, 1, "TREES", "SPARE"},
-        {"MAIN ROADS", kLetters, 2, "SPARE", "TREES"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        ScriptedUser user;
-        QStringList listed;
-        int picked = -1;
-        bool kept = false;
-        Run(user, true, [&](ScriptedUser& u, QWidget* w) {
-            u.Tap(kLayerList, RowOf(w, kLayerList, Q("ROADS")), 0)
-                .SetText(kNameEdit, Q(c.name))
-                .Pick(kLayerFilter, c.filter)
-                .Answer(ulo::IDOK)
-                .Inspect([&](QWidget* w) {
-                    listed = Names(w, kLayerList);
-                    picked = Selected(w, kLayerFilter);
-                    kept = Layer(L"ROADS") != nullptr;
-                })
-                .Click(ulo::IDCANCEL);
-        });
-        ASSERT_EQ(user.Messages().size(), 1u);
-        EXPECT_EQ(user.Messages()[0].text, c.message);
-        EXPECT_EQ(picked, c.filter);
-        EXPECT_TRUE(listed.contains(Q(c.listed)) && !listed.contains(Q(c.leftOut)))
-            << listed.join(u',').toStdString();
-        EXPECT_TRUE(kept);
-        EXPECT_EQ(drawingfile::Dump(cad), before);
-    }
-}
-
-// A new layer renamed, coloured through the colour picker and given a line
-// type through its picker, made current; another layer deleted; all kept by OK.
+// A new layer renamed, coloured and given a line type through the pickers,
+// made current, and another layer deleted: all kept by OK. Undo after a later
+// edit of a layer the visit left alone keeps that edit.
 TEST_F(LayersDialogTest, AVisitsEditsAreKeptByOk) {
     ScriptedUser user;
     user.Click(kNew);
     Run(user, true, [](ScriptedUser& u, QWidget* w) {
         const int row = RowOf(w, kLayerList, Q("Layer1"));
-        const int spare = RowOf(w, kLayerList, Q("SPARE"));
         u.Tap(kLayerList, row, 0)
             .SetText(kNameEdit, Q("SURVEY"))
             .Key(kNameEdit, Qt::Key_Return)
@@ -363,11 +301,8 @@ TEST_F(LayersDialogTest, AVisitsEditsAreKeptByOk) {
             .Tap(kLayerList, row, 5)
             .Tap(11203, 4, 0)
             .Click(1163)  // the line type picker's OK
-            .Click(kLayerCurrent)
-            .Tap(kLayerList, spare, 3)
-            .Tap(kLayerList, spare, 3)
-            .Click(kLayerDelete)
-            .Click(ulo::IDOK);
+            .Click(kLayerCurrent);
+        On(kLayerList, "SPARE", {kLayerDelete, ulo::IDOK})(u, w);
     });
     EXPECT_TRUE(user.Messages().empty());
     veld::CLayer* survey = Layer(L"SURVEY");
@@ -376,31 +311,11 @@ TEST_F(LayersDialogTest, AVisitsEditsAreKeptByOk) {
     EXPECT_NE(survey->GetColor(), Layer(L"BUILDINGS")->GetColor());
     EXPECT_NE(survey->GetLtype(), Layer(L"BUILDINGS")->GetLtype());
     EXPECT_EQ(Layer(L"SPARE"), nullptr);
-}
-
-// --------------------------------------------------------------- line types
-
-// Each button's refusal; which line types may go, and that a refusal changes
-// nothing even before Cancel, CLayerLtypeCtrlDlgTest checks.
-TEST_F(LtypesDialogTest, RefusalsAreShownWordForWordAndChangeNothing) {
-    ExpectRefusals(
-        false,
-        {
-            {"delete with nothing selected",
-             [](ScriptedUser& u, QWidget*) { u.Click(kLtypeDelete); },
-             Q("Select a linetype to erase.")},
-            {"delete the line type made current",
-             [](ScriptedUser& u, QWidget* w) {
-                 On(kLtypeList, "PHANTOM", kLtypeCurrent)(u, w);
-                 u.Click(kLtypeDelete);
-             },
-             Q("The line type selected has not been canceled.\r\n\r\nThe following types of "
-               "line can not be deleted.\r\n\tLine type ByBlock, ByLayer and "
-               "Continuous\r\n\tLine type current\r\n\tLine type Xref\r\n\tLine type in objects "
-               "or layers")},
-            {"make an external line type current", On(kLtypeList, "BASEMAP|TRACK", kLtypeCurrent),
-             Q("A type line XRef-dependent can not be made current")},
-        });
+    Layer(L"TREES")->SetColor(55);
+    ASSERT_TRUE(cad.Undo());
+    EXPECT_EQ(Layer(L"SURVEY"), nullptr);
+    EXPECT_NE(Layer(L"SPARE"), nullptr);
+    EXPECT_EQ(Layer(L"TREES")->GetColor(), 55);
 }
 
 // The scale edit shows six decimals and OK applies what it reads; a text
@@ -449,48 +364,4 @@ TEST_F(LtypesDialogTest, GlobalScaleAsTyped) {
             EXPECT_EQ(GetLtypeScale(&cad), c.start);
         }
     }
-}
-
-// Load...: the checked rows of the support library join the list and the
-// drawing, but for names the drawing has (DASHED keeps its definition).
-TEST_F(LtypesDialogTest, LoadedLineTypesJoinTheDrawing) {
-    const QString oldDashed = Ltype(L"DASHED")->GetDesc().ToQString();
-    ScriptedUser user;
-    QStringList listed;
-    user.Click(kLoad)
-        .CheckRow(kLoadGrid, 0)
-        .CheckRow(kLoadGrid, 1)
-        .Click(ulo::IDOK)
-        .Inspect([&](QWidget* w) { listed = Names(w, kLtypeList); })
-        .Click(ulo::IDOK);
-    factory->ShowDlgLtype(nullptr, cad);
-    ExpectFinished(user);
-    EXPECT_EQ(listed.count(Q("DASHED")), 1) << listed.join(u',').toStdString();
-    EXPECT_EQ(listed.last(), Q("DASHED2"));
-    EXPECT_NE(Ltype(L"DASHED2"), nullptr);
-    EXPECT_EQ(Ltype(L"DASHED")->GetDesc().ToQString(), oldDashed);
-}
-
-// Deleting an unused line type and making another current, kept by OK; undo
-// brings both back.
-TEST_F(LtypesDialogTest, DeleteAndCurrentAreKeptByOk) {
-    ScriptedUser user;
-    QStringList unused;
-    user.Pick(kLtypeFilter, 2);
-    Run(user, false, [&](ScriptedUser& u, QWidget* w) {
-        unused = Names(w, kLtypeList);
-        On(kLtypeList, "DOT", kLtypeDelete)(u, w);
-        u.Pick(kLtypeFilter, 0).Inspect([&](QWidget* w) {
-            On(kLtypeList, "CENTER", kLtypeCurrent)(user, w);
-            user.Click(ulo::IDOK);
-        });
-    });
-    EXPECT_TRUE(user.Messages().empty());
-    EXPECT_TRUE(unused.contains(Q("DOT")) && !unused.contains(Q("GAS_LINE")))
-        << unused.join(u',').toStdString();
-    EXPECT_EQ(Ltype(L"DOT"), nullptr);
-    EXPECT_EQ(GetCurLtype(&cad), Ltype(L"CENTER"));
-    ASSERT_TRUE(cad.Undo());
-    EXPECT_NE(Ltype(L"DOT"), nullptr);
-    EXPECT_EQ(drawingfile::Write(cad), written);
 }

@@ -5,6 +5,8 @@
 
 #include <QAbstractItemView>
 #include <QMessageBox>
+#include <algorithm>
+#include <functional>
 #include <random>
 
 #include "app/DrawingFile.h"
@@ -33,31 +35,21 @@ public:
             return;
         }
         const unsigned base = window->property("veldBaseId").toUInt();
-        const unsigned okId = window->property("veldOkId").toUInt();
-        const unsigned cancelId = window->property("veldCancelId").toUInt();
-        const auto end = [&] { user_.Click(Below(4) ? okId : cancelId); };
-        switch (base) {
-            case kColour:
-                user_.Press(11192, Fraction(), Fraction());
-                end();
-                return;
-            case kSelType:
-                user_.Tap(11203, Below(Rows(window, 11203)), 0);
-                end();
-                return;
-            case kLoad:
-                for (int n = Below(3); n >= 0; --n)
-                    user_.CheckRow(2000, Below(Rows(window, 2000)));
-                end();
-                return;
-            default:
-                break;
-        }
-        if (acts_-- == 0) {
-            user_.Click(ok_ ? ulo::IDOK : ulo::IDCANCEL);
+        // The pickers the dialogs open: one act, then OK mostly.
+        if (base == kColour)
+            user_.Press(11192, Fraction(), Fraction());
+        else if (base == kSelType)
+            user_.Tap(11203, Below(Rows(window, 11203)), 0);
+        else if (base == kLoad)
+            for (int n = Below(3); n >= 0; --n)
+                user_.CheckRow(2000, Below(Rows(window, 2000)));
+        if (base == kColour || base == kSelType || base == kLoad) {
+            user_.Click(window->property(Below(4) ? "veldOkId" : "veldCancelId").toUInt());
             return;
         }
-        if (base == kLayers)
+        if (acts_-- == 0)
+            user_.Click(ok_ ? ulo::IDOK : ulo::IDCANCEL);
+        else if (base == kLayers)
             ActOnLayers(window);
         else if (base == kLtypes)
             ActOnLtypes(window);
@@ -72,76 +64,48 @@ private:
         auto* view = qobject_cast<QAbstractItemView*>(ulo::FindControl(window, id));
         return view && view->model() ? view->model()->rowCount() : 0;
     }
-    QString Cell(QWidget* window, unsigned id, int row) const {
-        auto* view = qobject_cast<QAbstractItemView*>(ulo::FindControl(window, id));
-        return view->model()->index(row, 0).data().toString();
-    }
 
     void ActOnLayers(QWidget* w) {
-        const int rows = Rows(w, 1129);
-        const int row = Below(rows);
-        const int what = rows ? Below(9) : 2;
+        const int row = Below(Rows(w, 1129));
         static const char* const names[] = {"ROADS", "roads", "NEW_1", "A B", "", "Layer1", "0"};
-        switch (what) {
-            case 0:  // on, freeze, lock, colour, line type
-                user_.Tap(1129, row, 1 + Below(5));
-                break;
-            case 1:  // selected by a double toggle of Lock, then Delete
-                user_.Tap(1129, row, 3).Tap(1129, row, 3).Click(1131);
-                break;
-            case 2:
-                user_.Click(1130);
-                break;
-            case 3:
-                user_.Tap(1129, row, 3).Tap(1129, row, 3).Click(1132);
-                break;
-            case 4:
-                user_.Header(1129, Below(6));
-                break;
-            case 5:
-                user_.Pick(1128, Below(3));
-                break;
-            default: {
-                const QString name = Cell(w, 1129, row);
-                if (name == QStringLiteral("0") || name.contains(u'|'))
-                    user_.Tap(1129, row, 0);  // no editor for these
-                else
-                    // Typed only when the editor came: a tap on the cell a
-                    // moment after the last one on it is a double tap.
-                    user_.Tap(1129, row, 0).Inspect([this, name = names[Below(7)]](QWidget* w) {
+        const std::function<void()> acts[] = {
+            [&] { user_.Tap(1129, row, 1 + Below(5)); },  // on, freeze, lock, colour, line type
+            // Selected by a double toggle of Lock, then Delete, or Current.
+            [&] { user_.Tap(1129, row, 3).Tap(1129, row, 3).Click(1131); },
+            [&] { user_.Click(1130); },
+            [&] { user_.Tap(1129, row, 3).Tap(1129, row, 3).Click(1132); },
+            [&] { user_.Header(1129, Below(6)); },
+            [&] { user_.Pick(1128, Below(3)); },
+            [&] {
+                auto* view = qobject_cast<QAbstractItemView*>(ulo::FindControl(w, 1129));
+                const QString name = view->model()->index(row, 0).data().toString();
+                user_.Tap(1129, row, 0);
+                // No editor for these; otherwise typed only when the editor
+                // came: a tap on the cell a moment after the last one on it
+                // is a double tap.
+                if (name != QStringLiteral("0") && !name.contains(u'|'))
+                    user_.Inspect([this, name = names[Below(7)]](QWidget* w) {
                         if (ulo::FindControl(w, 11132)->isVisible())
                             user_.SetText(11132, QString::fromLatin1(name))
                                 .Key(11132, Qt::Key_Return);
                     });
-                break;
-            }
-        }
+            },
+        };
+        acts[Rows(w, 1129) ? std::min(Below(9), 6) : 2]();
     }
 
     void ActOnLtypes(QWidget* w) {
-        const int rows = Rows(w, 11126);
-        const int row = Below(rows);
+        const int row = Below(Rows(w, 11126));
         static const char* const scales[] = {"2", "0", "-1", "abc", "0.5", "1,25", "1e309"};
-        switch (rows ? Below(6) : 2) {
-            case 0:
-                user_.Tap(11126, row, 0).Click(11129);
-                break;
-            case 1:
-                user_.Tap(11126, row, 0).Click(11127);
-                break;
-            case 2:
-                user_.Click(11128);
-                break;
-            case 3:
-                user_.Clear(11130).Type(11130, QString::fromLatin1(scales[Below(7)]));
-                break;
-            case 4:
-                user_.Pick(11125, Below(3));
-                break;
-            default:
-                user_.Click(11127);
-                break;
-        }
+        const std::function<void()> acts[] = {
+            [&] { user_.Tap(11126, row, 0).Click(11129); },
+            [&] { user_.Tap(11126, row, 0).Click(11127); },
+            [&] { user_.Click(11128); },
+            [&] { user_.Clear(11130).Type(11130, QString::fromLatin1(scales[Below(7)])); },
+            [&] { user_.Pick(11125, Below(3)); },
+            [&] { user_.Click(11127); },
+        };
+        acts[Rows(w, 11126) ? Below(6) : 2]();
     }
 
     ScriptedUser& user_;
