@@ -1,7 +1,7 @@
 // The grid and snap dialog as the host runs it (ShowDlgGridProp on a view):
 // what the pages show, refusals word for word, hostile numbers in every
-// field, and OK without a change recording nothing. (Cancel putting the grid
-// back and OK as one exact undo step: the random sessions, for every dialog.)
+// field, OK without a change recording nothing and Cancel putting back what a
+// page wrote. (OK as one exact undo step: the random sessions, for every dialog.)
 #include <gtest/gtest.h>
 
 #include <QJsonArray>
@@ -224,6 +224,24 @@ TEST_F(GridDialogTest, ConfirmedUntouchedChangesNothing) {
         EXPECT_TRUE(grid == before);
         EXPECT_FALSE(cad.CanUndo());
     }
+}
+
+// A page writes its fields to the grid when it is left, and the view shows
+// them at once; Cancel then puts the grid back as it was, and no undo step.
+TEST_F(GridDialogTest, CancelPutsBackWhatALeftPageWrote) {
+    Apply(grid, kSnapOnGridFree);
+    const CGrid before = grid;
+    double written = 0, unused = 0;
+    ScriptedUser user;
+    user.SetText(kSnapE, Q("7"))
+        .SwitchTab(kTabs, 1)
+        .Inspect([&](QWidget*) { grid.GetSnap(unused, unused, written, unused, unused); })
+        .Click(kCancel);
+    EXPECT_FALSE(Show());
+    ExpectFinished(user);
+    EXPECT_EQ(written, 7.0);
+    EXPECT_TRUE(grid == before);
+    EXPECT_FALSE(cad.CanUndo());
 }
 
 // "Enable Grid" cleared with "From snap" selected switches the grid off; it
