@@ -14,9 +14,9 @@
 // at run time, uses it without linking the library.
 #include <QJsonObject>
 #include <QMap>
-#include <QSet>
 #include <QString>
 #include <QStringList>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -78,7 +78,10 @@ struct Call {
     CVELDView* View();
 
     const Operation* operation = nullptr;  ///< set by Operation::Run
-    QSet<QString> read{};                  ///< the arguments read so far
+    /// Bit i: the entry's argument i was read.
+    std::uint64_t read = 0;
+    /// Whether every argument the entry declares was read.
+    bool ReadEveryArgument() const;
 
 private:
     template <class T, class Reader>
@@ -97,7 +100,7 @@ struct Argument {
 /// picture arguments.
 struct Picture {
     const char* file;
-    const char* steps;
+    QString steps;
 };
 
 struct Operation {

@@ -871,7 +871,9 @@ def render_ids(dialogs):
     out = ['#pragma once',
            '// The ids of the controls of every dialog template, by name: one namespace per',
            '// dialog (ctl::InsText::kHeight); kOk and kCancel are the buttons that act as OK',
-           '// and Cancel. Code and tests address a control by these names, never by its number.',
+           '// and Cancel; kTemplate is the dialog\'s own id (its template\'s base id, the one a',
+           '// shown dialog reports). Code and tests address a control by these names, never by',
+           '// its number.',
            '// Written by tools/gen_templates.py: change the script and run it, never this file.',
            '', 'namespace veld5::ctl {']
     for base, title, help_, child, fn in sorted(dialogs):
@@ -887,7 +889,8 @@ def render_ids(dialogs):
         for cid in names:
             if cid not in ids:
                 sys.exit('gen_templates: %d has no control %d to name %s' % (base, cid, names[cid]))
-        out += ['', '/// %d %s' % (base, title or '(page)'), 'namespace %s {' % name]
+        out += ['', '/// %d %s' % (base, title or '(page)'), 'namespace %s {' % name,
+                'inline constexpr unsigned kTemplate = %d;' % base]
         if ok:
             out.append('inline constexpr unsigned kOk = %d;' % ok)
         if cancel:

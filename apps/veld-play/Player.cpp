@@ -56,7 +56,7 @@ QString PictureScript(const QStringList& operations, const QString& dir) {
                               QuoteText(QString::fromUtf8(a.value));
                 script += QLatin1Char('\n');
                 for (const QString& step :
-                     QString::fromUtf8(picture.steps).split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+                     picture.steps.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
                     script += QStringLiteral("  ") + step + QLatin1Char('\n');
                 const QString file = QStringLiteral("%1/%2-%3.png")
                                          .arg(dir, QString::fromUtf8(picture.file))

@@ -17,6 +17,7 @@
 #include "app/VELD.h"
 #include "automation/ScriptedUser.h"
 #include "linetypes/LtypePickers.h"
+#include "res/templates/ControlIds.h"
 #include "ulo/ctrl/Dialog.h"
 #include "veld/Data.h"
 #include "veld/HandleObjectVectorCollection.h"
@@ -25,9 +26,9 @@ using automation::ScriptedUser;
 
 namespace {
 
-constexpr unsigned kFile = 11134;
-constexpr unsigned kPath = 11135;
-constexpr unsigned kGrid = 2000;
+using veld5::ctl::LtypeLoad::kFile;
+using veld5::ctl::LtypeLoad::kGrid;
+using veld5::ctl::LtypeLoad::kPath;
 constexpr char kSupportVar[] = "VELD_SUPPORT_DIR";
 
 QString Q(const char* text) {
@@ -208,7 +209,7 @@ TEST_F(LoadDialogTest, ListsTheSupportLibraryOrAnotherOneAfterTheReports) {
         EXPECT_EQ(shown.listed, Q(c.listed));
         EXPECT_EQ(shown.enabled, *c.listed != 0);
         ASSERT_EQ(user.Dialogs().size(), 1u);
-        EXPECT_EQ(user.Dialogs()[0].templateId, 11036u);
+        EXPECT_EQ(user.Dialogs()[0].templateId, veld5::ctl::LtypeLoad::kTemplate);
         EXPECT_EQ(user.Dialogs()[0].help, QStringLiteral("QuadraCE.htm#Dlg LoadTipoLinea"));
         if (c.picked != none) {
             EXPECT_EQ(fileDialog.value(QStringLiteral("folder")), QDir(dir.path()).absolutePath());

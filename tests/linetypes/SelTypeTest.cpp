@@ -8,6 +8,7 @@
 #include "automation/ScriptedUser.h"
 #include "linetypes/CVELDLtypeList.h"
 #include "linetypes/LtypePickers.h"
+#include "res/templates/ControlIds.h"
 #include "ulo/PalmDevice.h"
 #include "ulo/ctrl/Dialog.h"
 #include "veld/Data.h"
@@ -16,7 +17,9 @@ using automation::ScriptedUser;
 
 namespace {
 
-constexpr unsigned kOk = 1163, kCancel = 1164, kList = 11203;
+using veld5::ctl::SelType::kCancel;
+using veld5::ctl::SelType::kList;
+using veld5::ctl::SelType::kOk;
 
 // The sample drawing's line types as the list must offer them: table order,
 // the XRef-dependent one included, ByBlock and ByLayer left out.

@@ -14,6 +14,7 @@
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
+#include "res/templates/ControlIds.h"
 #include "support/FactoryFixture.h"
 #include "ulo/ctrl/Win.h"
 #include "veld/Data.h"
@@ -22,9 +23,12 @@ using automation::ScriptedUser;
 
 namespace {
 
-constexpr unsigned kLayerFilter = 1128, kLayerList = 1129, kNew = 1130, kLayerDelete = 1131,
-                   kLayerCurrent = 1132, kNameEdit = 11132;
-constexpr unsigned kLtypeList = 11126, kLtypeDelete = 11127, kLtypeCurrent = 11129, kScale = 11130;
+namespace ctl = veld5::ctl;
+constexpr unsigned kLayerFilter = ctl::Layers::kFilter, kLayerList = ctl::Layers::kList,
+                   kNew = ctl::Layers::kNew, kLayerDelete = ctl::Layers::kDelete,
+                   kLayerCurrent = ctl::Layers::kCurrent, kNameEdit = ctl::Layers::kNameEdit;
+constexpr unsigned kLtypeList = ctl::Ltypes::kList, kLtypeDelete = ctl::Ltypes::kDelete,
+                   kLtypeCurrent = ctl::Ltypes::kCurrent, kScale = ctl::Ltypes::kScale;
 
 QString Q(const char* text) {
     return QString::fromUtf8(text);
@@ -132,7 +136,7 @@ TEST_F(LayersDialogTest, ListsTheLayersByNameWithTheirStatesAsWords) {
     EXPECT_EQ(rows[5].section(u'\t', 0, 2), Q("CONTOURS\ton\tfrozen"));
     EXPECT_EQ(marked, 3);  // BUILDINGS
     ASSERT_FALSE(user.Dialogs().empty());
-    EXPECT_EQ(user.Dialogs()[0].templateId, 11028u);
+    EXPECT_EQ(user.Dialogs()[0].templateId, ctl::Layers::kTemplate);
     EXPECT_EQ(user.Dialogs()[0].help, Q("QuadraCE.htm#Dlg OpzPiano"));
 }
 
@@ -296,11 +300,11 @@ TEST_F(LayersDialogTest, AVisitsEditsAreKeptByOk) {
             .SetText(kNameEdit, Q("SURVEY"))
             .Key(kNameEdit, Qt::Key_Return)
             .Tap(kLayerList, row, 4)
-            .Press(11192, 0.5, 0.5)
-            .Click(11196)  // the colour picker's OK
+            .Press(ctl::Color::kPaletteEven, 0.5, 0.5)
+            .Click(ctl::Color::kOk)
             .Tap(kLayerList, row, 5)
-            .Tap(11203, 4, 0)
-            .Click(1163)  // the line type picker's OK
+            .Tap(ctl::SelType::kList, 4, 0)
+            .Click(ctl::SelType::kOk)
             .Click(kLayerCurrent);
         On(kLayerList, "SPARE", {kLayerDelete, ulo::IDOK})(u, w);
     });

@@ -12,6 +12,7 @@
 #include "app/DrawingFile.h"
 #include "app/SampleDrawing.h"
 #include "app/VELD.h"
+#include "res/templates/ControlIds.h"
 #include "support/FactoryFixture.h"
 #include "ulo/ctrl/Win.h"
 
@@ -19,8 +20,9 @@ using automation::ScriptedUser;
 
 namespace {
 
-constexpr unsigned kLayers = 11028, kLtypes = 11032, kColour = 11044, kSelType = 11092,
-                   kLoad = 11036;
+namespace ctl = veld5::ctl;
+namespace Layers = ctl::Layers;
+namespace Ltypes = ctl::Ltypes;
 
 /// A user who acts at random on whatever window is in front, for a number of
 /// acts on the dialog under test, then ends it with OK or Cancel.
@@ -36,22 +38,22 @@ public:
         }
         const unsigned base = window->property("veldBaseId").toUInt();
         // The pickers the dialogs open: one act, then OK mostly.
-        if (base == kColour)
-            user_.Press(11192, Fraction(), Fraction());
-        else if (base == kSelType)
-            user_.Tap(11203, Below(Rows(window, 11203)), 0);
-        else if (base == kLoad)
+        if (base == ctl::Color::kTemplate)
+            user_.Press(ctl::Color::kPaletteEven, Fraction(), Fraction());
+        else if (base == ctl::SelType::kTemplate)
+            user_.Tap(ctl::SelType::kList, Below(Rows(window, ctl::SelType::kList)), 0);
+        else if (base == ctl::LtypeLoad::kTemplate)
             for (int n = Below(3); n >= 0; --n)
-                user_.CheckRow(2000, Below(Rows(window, 2000)));
-        if (base == kColour || base == kSelType || base == kLoad) {
+                user_.CheckRow(ctl::LtypeLoad::kGrid, Below(Rows(window, ctl::LtypeLoad::kGrid)));
+        if (base == ctl::Color::kTemplate || base == ctl::SelType::kTemplate || base == ctl::LtypeLoad::kTemplate) {
             user_.Click(window->property(Below(4) ? "veldOkId" : "veldCancelId").toUInt());
             return;
         }
         if (acts_-- == 0)
             user_.Click(ok_ ? ulo::IDOK : ulo::IDCANCEL);
-        else if (base == kLayers)
+        else if (base == Layers::kTemplate)
             ActOnLayers(window);
-        else if (base == kLtypes)
+        else if (base == Ltypes::kTemplate)
             ActOnLtypes(window);
         else
             user_.Close();
@@ -66,46 +68,46 @@ private:
     }
 
     void ActOnLayers(QWidget* w) {
-        const int row = Below(Rows(w, 1129));
+        const int row = Below(Rows(w, Layers::kList));
         static const char* const names[] = {"ROADS", "roads", "NEW_1", "A B", "", "Layer1", "0"};
         const std::function<void()> acts[] = {
-            [&] { user_.Tap(1129, row, 1 + Below(5)); },  // on, freeze, lock, colour, line type
+            [&] { user_.Tap(Layers::kList, row, 1 + Below(5)); },  // on, freeze, lock, colour, line type
             // Selected by a double toggle of Lock, then Delete, or Current.
-            [&] { user_.Tap(1129, row, 3).Tap(1129, row, 3).Click(1131); },
-            [&] { user_.Click(1130); },
-            [&] { user_.Tap(1129, row, 3).Tap(1129, row, 3).Click(1132); },
-            [&] { user_.Header(1129, Below(6)); },
-            [&] { user_.Pick(1128, Below(3)); },
+            [&] { user_.Tap(Layers::kList, row, 3).Tap(Layers::kList, row, 3).Click(Layers::kDelete); },
+            [&] { user_.Click(Layers::kNew); },
+            [&] { user_.Tap(Layers::kList, row, 3).Tap(Layers::kList, row, 3).Click(Layers::kCurrent); },
+            [&] { user_.Header(Layers::kList, Below(6)); },
+            [&] { user_.Pick(Layers::kFilter, Below(3)); },
             [&] {
-                auto* view = qobject_cast<QAbstractItemView*>(ulo::FindControl(w, 1129));
+                auto* view = qobject_cast<QAbstractItemView*>(ulo::FindControl(w, Layers::kList));
                 const QString name = view->model()->index(row, 0).data().toString();
-                user_.Tap(1129, row, 0);
+                user_.Tap(Layers::kList, row, 0);
                 // No editor for these; otherwise typed only when the editor
                 // came: a tap on the cell a moment after the last one on it
                 // is a double tap.
                 if (name != QStringLiteral("0") && !name.contains(u'|'))
                     user_.Inspect([this, name = names[Below(7)]](QWidget* w) {
-                        if (ulo::FindControl(w, 11132)->isVisible())
-                            user_.SetText(11132, QString::fromLatin1(name))
-                                .Key(11132, Qt::Key_Return);
+                        if (ulo::FindControl(w, Ltypes::kNameEdit)->isVisible())
+                            user_.SetText(Ltypes::kNameEdit, QString::fromLatin1(name))
+                                .Key(Ltypes::kNameEdit, Qt::Key_Return);
                     });
             },
         };
-        acts[Rows(w, 1129) ? std::min(Below(9), 6) : 2]();
+        acts[Rows(w, Layers::kList) ? std::min(Below(9), 6) : 2]();
     }
 
     void ActOnLtypes(QWidget* w) {
-        const int row = Below(Rows(w, 11126));
+        const int row = Below(Rows(w, Ltypes::kList));
         static const char* const scales[] = {"2", "0", "-1", "abc", "0.5", "1,25", "1e309"};
         const std::function<void()> acts[] = {
-            [&] { user_.Tap(11126, row, 0).Click(11129); },
-            [&] { user_.Tap(11126, row, 0).Click(11127); },
-            [&] { user_.Click(11128); },
-            [&] { user_.Clear(11130).Type(11130, QString::fromLatin1(scales[Below(7)])); },
-            [&] { user_.Pick(11125, Below(3)); },
-            [&] { user_.Click(11127); },
+            [&] { user_.Tap(Ltypes::kList, row, 0).Click(Ltypes::kCurrent); },
+            [&] { user_.Tap(Ltypes::kList, row, 0).Click(Ltypes::kDelete); },
+            [&] { user_.Click(Ltypes::kLoad); },
+            [&] { user_.Clear(Ltypes::kScale).Type(Ltypes::kScale, QString::fromLatin1(scales[Below(7)])); },
+            [&] { user_.Pick(Ltypes::kFilter, Below(3)); },
+            [&] { user_.Click(Ltypes::kDelete); },
         };
-        acts[Rows(w, 11126) ? Below(6) : 2]();
+        acts[Rows(w, Ltypes::kList) ? Below(6) : 2]();
     }
 
     ScriptedUser& user_;

@@ -1,13 +1,16 @@
 #pragma once
 // The ids of the controls of every dialog template, by name: one namespace per
 // dialog (ctl::InsText::kHeight); kOk and kCancel are the buttons that act as OK
-// and Cancel. Code and tests address a control by these names, never by its number.
+// and Cancel; kTemplate is the dialog's own id (its template's base id, the one a
+// shown dialog reports). Code and tests address a control by these names, never by
+// its number.
 // Written by tools/gen_templates.py: change the script and run it, never this file.
 
 namespace veld5::ctl {
 
 /// 11000 Insert password
 namespace Password {
+inline constexpr unsigned kTemplate = 11000;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kPassword = 4779;
@@ -15,6 +18,7 @@ inline constexpr unsigned kPassword = 4779;
 
 /// 11004 Image calibration
 namespace Calibration {
+inline constexpr unsigned kTemplate = 11004;
 inline constexpr unsigned kOk = 11175;
 inline constexpr unsigned kCancel = 11174;
 inline constexpr unsigned kScale = 11180;
@@ -30,6 +34,7 @@ inline constexpr unsigned kMaxDim = 11177;
 
 /// 11008 Cursor option
 namespace Cursor {
+inline constexpr unsigned kTemplate = 11008;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kFullScreen = 11158;
@@ -39,6 +44,7 @@ inline constexpr unsigned kSearchSize = 11160;
 
 /// 11012 Enter...
 namespace GetDouble {
+inline constexpr unsigned kTemplate = 11012;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kFrame = 11138;
@@ -47,6 +53,7 @@ inline constexpr unsigned kValue = 11137;
 
 /// 11016 Enter...
 namespace GetString {
+inline constexpr unsigned kTemplate = 11016;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kPrompt = 11213;
@@ -55,6 +62,7 @@ inline constexpr unsigned kText = 11212;
 
 /// 11020 Grid & Snap
 namespace GridSnap {
+inline constexpr unsigned kTemplate = 11020;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kTabs = 11172;
@@ -63,6 +71,7 @@ inline constexpr unsigned kPageArea = 11173;
 
 /// 11024 Text insert
 namespace InsText {
+inline constexpr unsigned kTemplate = 11024;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kLine1 = 11139;
@@ -78,6 +87,7 @@ inline constexpr unsigned kStyle = 11145;
 
 /// 11028 Layers
 namespace Layers {
+inline constexpr unsigned kTemplate = 11028;
 inline constexpr unsigned kOk = 1;
 inline constexpr unsigned kCancel = 2;
 inline constexpr unsigned kFilterLabel = 11133;
@@ -91,6 +101,7 @@ inline constexpr unsigned kNameEdit = 11132;
 
 /// 11032 Lines
 namespace Ltypes {
+inline constexpr unsigned kTemplate = 11032;
 inline constexpr unsigned kOk = 1;
 inline constexpr unsigned kCancel = 2;
 inline constexpr unsigned kFilterLabel = 11133;
@@ -106,6 +117,7 @@ inline constexpr unsigned kNameEdit = 11132;
 
 /// 11036 Loading Line Type
 namespace LtypeLoad {
+inline constexpr unsigned kTemplate = 11036;
 inline constexpr unsigned kOk = 1;
 inline constexpr unsigned kCancel = 2;
 inline constexpr unsigned kFile = 11134;
@@ -116,6 +128,7 @@ inline constexpr unsigned kGrid = 2000;
 
 /// 11040 Angle system
 namespace Angle {
+inline constexpr unsigned kTemplate = 11040;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kDegrees = 11123;
@@ -124,6 +137,7 @@ inline constexpr unsigned kGons = 11124;
 
 /// 11044 Color options
 namespace Color {
+inline constexpr unsigned kTemplate = 11044;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kStandard = 11187;
@@ -138,6 +152,7 @@ inline constexpr unsigned kPreview = 11195;
 
 /// 11048 General options
 namespace GeneralOptions {
+inline constexpr unsigned kTemplate = 11048;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kElement = 11113;
@@ -155,6 +170,7 @@ inline constexpr unsigned kDefault = 11112;
 
 /// 11052 New style
 namespace NewStyle {
+inline constexpr unsigned kTemplate = 11052;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kFrame = 11111;
@@ -163,6 +179,7 @@ inline constexpr unsigned kName = 11110;
 
 /// 11056 Text style
 namespace TextStyle {
+inline constexpr unsigned kTemplate = 11056;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kStyle = 11100;
@@ -180,6 +197,7 @@ inline constexpr unsigned kVertical = 11109;
 
 /// 11060 Snap type selection
 namespace OSnap {
+inline constexpr unsigned kTemplate = 11060;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kFree = 1135;
@@ -199,6 +217,7 @@ inline constexpr unsigned kNear = 1147;
 
 /// 11064 Entity property
 namespace EntProperty {
+inline constexpr unsigned kTemplate = 11064;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kColorSwatch = 1155;
@@ -211,6 +230,7 @@ inline constexpr unsigned kScale = 1156;
 
 /// 11068 Enter...
 namespace Rotate {
+inline constexpr unsigned kTemplate = 11068;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kFrame = 11138;
@@ -222,6 +242,7 @@ inline constexpr unsigned kValue = 11137;
 
 /// 11072 Snap - Enter the coordinates
 namespace SnapPoint {
+inline constexpr unsigned kTemplate = 11072;
 inline constexpr unsigned kOk = 11196;
 inline constexpr unsigned kCancel = 11197;
 inline constexpr unsigned kEast = 11185;
@@ -231,6 +252,7 @@ inline constexpr unsigned kElevation = 11188;
 
 /// 11076 Entity sets
 namespace EntitySets {
+inline constexpr unsigned kTemplate = 11076;
 inline constexpr unsigned kOk = 1;
 inline constexpr unsigned kCancel = 2;
 inline constexpr unsigned kList = 1152;
@@ -244,6 +266,7 @@ inline constexpr unsigned kNameEdit = 1161;
 
 /// 11080 Edit hatch
 namespace Hatch {
+inline constexpr unsigned kTemplate = 11080;
 inline constexpr unsigned kOk = 11207;
 inline constexpr unsigned kCancel = 11208;
 inline constexpr unsigned kTabs = 11209;
@@ -252,6 +275,7 @@ inline constexpr unsigned kList = 11210;
 
 /// 11084 (page)
 namespace GridPage {
+inline constexpr unsigned kTemplate = 11084;
 inline constexpr unsigned kEnable = 11168;
 inline constexpr unsigned kFree = 11164;
 inline constexpr unsigned kIntervalNorth = 11170;
@@ -261,6 +285,7 @@ inline constexpr unsigned kFromSnap = 11166;
 
 /// 11088 (page)
 namespace SnapPage {
+inline constexpr unsigned kTemplate = 11088;
 inline constexpr unsigned kEnable = 11161;
 inline constexpr unsigned kIntervalNorth = 11162;
 inline constexpr unsigned kIntervalEast = 11165;
@@ -271,6 +296,7 @@ inline constexpr unsigned kBaseEast = 11169;
 
 /// 11092 Select Type Line
 namespace SelType {
+inline constexpr unsigned kTemplate = 11092;
 inline constexpr unsigned kOk = 1163;
 inline constexpr unsigned kCancel = 1164;
 inline constexpr unsigned kList = 11203;
