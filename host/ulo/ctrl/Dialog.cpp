@@ -164,11 +164,16 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
     const QString label =
         Xlate(WString(alt ? ctrl.altLabel : (ctrl.label ? ctrl.label : L""))).ToQString();
     QWidget* w = CreateCustomControl(ctrl, this);
+    // A text is set once a control is whole, never through a Qt constructor:
+    // a text set while the Qt base class constructs makes Qt's accessibility
+    // cache an interface for the base class, which it drops and makes again
+    // for our class at the next event (twice the work for every control).
     if (!w) {
         switch (ctrl.kind) {
             case CtrlKind::Static: {
-                auto* l = new CCEStatic(label, this);
+                auto* l = new CCEStatic(this);
                 l->setTextFormat(Qt::PlainText);
+                l->setText(label);
                 l->setAlignment((ctrl.style & kCenter)  ? Qt::AlignHCenter | Qt::AlignTop
                                 : (ctrl.style & kRight) ? Qt::AlignRight | Qt::AlignTop
                                                         : Qt::AlignLeft | Qt::AlignTop);
@@ -179,21 +184,30 @@ QWidget* CWSizeDialog::BuildControl(const CtrlTemplate& ctrl, int variant) {
                 w = l;
                 break;
             }
-            case CtrlKind::GroupBox:
-                w = new CCEGroupBox(label, this);
+            case CtrlKind::GroupBox: {
+                auto* g = new CCEGroupBox(this);
+                g->setTitle(label);
+                w = g;
                 break;
+            }
             case CtrlKind::PushButton: {
                 auto* b = new CColButton(this);
                 b->setText(label);
                 w = b;
                 break;
             }
-            case CtrlKind::CheckBox:
-                w = new CCEBaseButton(label, this);
+            case CtrlKind::CheckBox: {
+                auto* b = new CCEBaseButton(this);
+                b->setText(label);
+                w = b;
                 break;
-            case CtrlKind::RadioButton:
-                w = new CCERadioButton(label, this);
+            }
+            case CtrlKind::RadioButton: {
+                auto* b = new CCERadioButton(this);
+                b->setText(label);
+                w = b;
                 break;
+            }
             case CtrlKind::Edit: {
                 CCEBaseKeybEdit* e = (ctrl.style & kNumeric)
                                          ? static_cast<CCEBaseKeybEdit*>(new CCEEditKeybNum(this))
