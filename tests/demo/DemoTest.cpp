@@ -62,6 +62,31 @@ struct DemoFixture : ::testing::Test {
 
 }  // namespace
 
+// A tap selects what lies under it and a second tap there deselects it; a tap
+// on nothing clears the selection; a drag pans and selects nothing.
+TEST_F(DemoFixture, TapsSelectAndDeselectAndADragPans) {
+    CVELDView* view = window.GetView();
+    const veld::CEntCollection& sel = GetSelectedEntCollection(&window.GetCAD());
+    const QImage before = view->grab().toImage();
+    QTest::mouseClick(view, Qt::LeftButton, {}, treeAt);
+    ASSERT_EQ(sel.GetNoEnts(), 1u);
+    EXPECT_EQ(sel.GetEnt(0), tree);
+    QApplication::processEvents();
+    EXPECT_NE(view->grab().toImage(), before) << "the selection is drawn";
+    QTest::mouseClick(view, Qt::LeftButton, {}, treeAt);
+    EXPECT_EQ(sel.GetNoEnts(), 0u) << "a second tap deselects";
+    QTest::mouseClick(view, Qt::LeftButton, {}, treeAt);
+    QTest::mouseClick(view, Qt::LeftButton, {}, QPoint(2, 2));
+    EXPECT_EQ(sel.GetNoEnts(), 0u) << "a tap on nothing clears the selection";
+
+    const double centreX = view->GetTransform().centre.x();
+    QTest::mousePress(view, Qt::LeftButton, {}, treeAt);
+    QTest::mouseMove(view, treeAt + QPoint(40, 0));
+    QTest::mouseRelease(view, Qt::LeftButton, {}, treeAt + QPoint(40, 0));
+    EXPECT_EQ(sel.GetNoEnts(), 0u) << "a drag selects nothing";
+    EXPECT_LT(view->GetTransform().centre.x(), centreX) << "a drag to the right pans";
+}
+
 // Entries of operations the probe finds not built, and only those, are disabled once used.
 TEST_F(DemoFixture, AnEntryWhoseDialogDoesNotShowIsDisabledOnceUsed) {
     const QStringList built = sessions::BuiltOperations(CreateFactory());

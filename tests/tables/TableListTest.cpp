@@ -237,6 +237,24 @@ TEST(TableList, ChangesReachTheViewsAndTheOwner) {
     later->SubReference();
 }
 
+// A dense screen gets each icon drawn at its own pixels, not a small one
+// scaled up: twice the pixels, as much of them covered.
+TEST(LayerListIcons, EveryIconDrawsAtEachDensity) {
+    using Icon = CVELDLayerListDelegate::Icon;
+    for (const Icon icon :
+         {Icon::On, Icon::Off, Icon::Frozen, Icon::Thawed, Icon::Locked, Icon::Unlocked}) {
+        for (const qreal dpr : {1.0, 2.0}) {
+            const QImage image = CVELDLayerListDelegate::IconPixmap(icon, 14, dpr).toImage();
+            ASSERT_EQ(image.size(), QSize(14, 14) * dpr) << int(icon);
+            int opaque = 0;
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    opaque += qAlpha(image.pixel(x, y)) > 128;
+            EXPECT_GT(opaque, image.width() * image.height() / 8) << int(icon) << " " << dpr;
+        }
+    }
+}
+
 TEST(LayerListPaint, MarkedRowIsBlueAndStatesShowTheirIcons) {
     Drawing d;
     ShownList list(d);
