@@ -1,7 +1,9 @@
 // The cost of opening a dialog: every factory operation whose dialog is built,
 // in each layout, on the sample drawing, opened and closed as soon as it
 // shows; against a bare QDialog holding the same controls as plain Qt widgets
-// at the same places, opened and closed the same way, in the same run.
+// at the same places (a list as a QTableView over a plain model of the same
+// headings and texts, with the same column widths), opened and closed the same
+// way, in the same run.
 //
 //   bench_dialog_open                     Google Benchmark: time per open,
 //                                         "ratio" = dialog / bare dialog
@@ -25,6 +27,8 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QAbstractTableModel>
+#include <QTableView>
 #include <QTableWidget>
 #include <chrono>
 #include <cstdio>
@@ -51,6 +55,11 @@ struct Shape {
         QString text;
         bool enabled = true;
         bool checked = false;
+        /// A list's headings, column widths and rows of shown texts: a plain
+        /// Qt dialog that shows the same list fills a table with them.
+        QStringList headings = {};
+        std::vector<int> widths = {};
+        std::vector<QStringList> rows = {};
     };
     std::vector<Control> controls;
 };
@@ -79,6 +88,23 @@ const char* plainKind(const QWidget* w) {
     return "QFrame";
 }
 
+void CopyList(const QAbstractItemView& view, Shape::Control& into) {
+    const QAbstractItemModel* model = view.model();
+    if (!model)
+        return;
+    const auto* table = qobject_cast<const QTableView*>(&view);
+    for (int c = 0; c < model->columnCount(); ++c) {
+        into.headings << model->headerData(c, Qt::Horizontal).toString();
+        into.widths.push_back(table ? table->columnWidth(c) : view.width());
+    }
+    for (int r = 0; r < model->rowCount(); ++r) {
+        QStringList row;
+        for (int c = 0; c < model->columnCount(); ++c)
+            row << model->index(r, c).data().toString();
+        into.rows.push_back(row);
+    }
+}
+
 /// Closes every dialog as soon as it shows; copies the shape of the first.
 class Closer : public QObject {
 public:
@@ -98,13 +124,16 @@ public:
                 if (qobject_cast<QDialog*>(w) && !w->isWindow() && w->isVisible())
                     copyInto->controls.push_back({"QFrame", w->geometry(), QString()});
             for (QWidget* w : all)
-                if (w->property(ulo::prop::kCtrlId).isValid())
+                if (w->property(ulo::prop::kCtrlId).isValid()) {
                     copyInto->controls.push_back(
                         {plainKind(w),
                          {w->parentWidget()->mapTo(d, w->pos()), w->size()},
                          w->property("text").toString(),
                          w->isEnabled(),
                          w->property("checked").toBool()});
+                    if (auto* view = qobject_cast<QAbstractItemView*>(w))
+                        CopyList(*view, copyInto->controls.back());
+                }
             copyInto = nullptr;
         }
         QMetaObject::invokeMethod(d, &QDialog::reject, Qt::QueuedConnection);
@@ -112,8 +141,37 @@ public:
     }
 };
 
+/// A list's texts as the plainest Qt model shows them.
+class TextTable : public QAbstractTableModel {
+public:
+    TextTable(const Shape::Control& c, QObject* parent) : QAbstractTableModel(parent), c_(c) {}
+    int rowCount(const QModelIndex& = {}) const override { return int(c_.rows.size()); }
+    int columnCount(const QModelIndex& = {}) const override { return int(c_.headings.size()); }
+    QVariant data(const QModelIndex& i, int role) const override {
+        if (role != Qt::DisplayRole)
+            return {};
+        const QStringList& row = c_.rows[std::size_t(i.row())];
+        return i.column() < row.size() ? row[i.column()] : QString();
+    }
+    QVariant headerData(int section, Qt::Orientation o, int role) const override {
+        return o == Qt::Horizontal && role == Qt::DisplayRole ? c_.headings.value(section)
+                                                              : QVariant();
+    }
+
+private:
+    const Shape::Control& c_;
+};
+
 /// The same controls as plain Qt widgets at the same places.
 class BareDialog : public QDialog {
+    QTableView* NewTable(const Shape::Control& c) {
+        auto* table = new QTableView(this);
+        table->setModel(new TextTable(c, table));
+        for (int col = 0; col < int(c.widths.size()); ++col)
+            table->setColumnWidth(col, c.widths[std::size_t(col)]);
+        return table;
+    }
+
 public:
     explicit BareDialog(const Shape& shape) {
         setFont(shape.font);
@@ -137,7 +195,7 @@ public:
             else if (kind == "QComboBox")
                 w = new QComboBox(this);
             else if (kind == "QTableWidget")
-                w = new QTableWidget(this);
+                w = NewTable(c);
             else if (kind == "QTabBar")
                 w = new QTabBar(this);
             else if (kind == "QScrollBar")
