@@ -15,6 +15,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QAbstractTableModel>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -27,7 +28,6 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTabBar>
-#include <QAbstractTableModel>
 #include <QTableView>
 #include <QTableWidget>
 #include <chrono>

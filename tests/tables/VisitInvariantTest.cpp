@@ -45,7 +45,8 @@ public:
         else if (base == ctl::LtypeLoad::kTemplate)
             for (int n = Below(3); n >= 0; --n)
                 user_.CheckRow(ctl::LtypeLoad::kGrid, Below(Rows(window, ctl::LtypeLoad::kGrid)));
-        if (base == ctl::Color::kTemplate || base == ctl::SelType::kTemplate || base == ctl::LtypeLoad::kTemplate) {
+        if (base == ctl::Color::kTemplate || base == ctl::SelType::kTemplate ||
+            base == ctl::LtypeLoad::kTemplate) {
             user_.Click(window->property(Below(4) ? "veldOkId" : "veldCancelId").toUInt());
             return;
         }
@@ -71,11 +72,17 @@ private:
         const int row = Below(Rows(w, Layers::kList));
         static const char* const names[] = {"ROADS", "roads", "NEW_1", "A B", "", "Layer1", "0"};
         const std::function<void()> acts[] = {
-            [&] { user_.Tap(Layers::kList, row, 1 + Below(5)); },  // on, freeze, lock, colour, line type
+            [&] {
+                user_.Tap(Layers::kList, row, 1 + Below(5));
+            },  // on, freeze, lock, colour, line type
             // Selected by a double toggle of Lock, then Delete, or Current.
-            [&] { user_.Tap(Layers::kList, row, 3).Tap(Layers::kList, row, 3).Click(Layers::kDelete); },
+            [&] {
+                user_.Tap(Layers::kList, row, 3).Tap(Layers::kList, row, 3).Click(Layers::kDelete);
+            },
             [&] { user_.Click(Layers::kNew); },
-            [&] { user_.Tap(Layers::kList, row, 3).Tap(Layers::kList, row, 3).Click(Layers::kCurrent); },
+            [&] {
+                user_.Tap(Layers::kList, row, 3).Tap(Layers::kList, row, 3).Click(Layers::kCurrent);
+            },
             [&] { user_.Header(Layers::kList, Below(6)); },
             [&] { user_.Pick(Layers::kFilter, Below(3)); },
             [&] {
@@ -103,7 +110,10 @@ private:
             [&] { user_.Tap(Ltypes::kList, row, 0).Click(Ltypes::kCurrent); },
             [&] { user_.Tap(Ltypes::kList, row, 0).Click(Ltypes::kDelete); },
             [&] { user_.Click(Ltypes::kLoad); },
-            [&] { user_.Clear(Ltypes::kScale).Type(Ltypes::kScale, QString::fromLatin1(scales[Below(7)])); },
+            [&] {
+                user_.Clear(Ltypes::kScale)
+                    .Type(Ltypes::kScale, QString::fromLatin1(scales[Below(7)]));
+            },
             [&] { user_.Pick(Ltypes::kFilter, Below(3)); },
             [&] { user_.Click(Ltypes::kDelete); },
         };
