@@ -25,13 +25,15 @@ namespace catalogue {
 template <class T, class Reader>
 T Call::Read(const QString& name, std::optional<T> fallback, Reader reader) {
     // Called for every argument of every call (the dialog-opening benchmark
-    // counts it): nothing is allocated unless something is wrong.
+    // counts it): nothing is allocated unless something is wrong. An entry
+    // takes a handful of arguments; past the 64th none is marked read.
     const Argument* declared = nullptr;
     if (operation)
         for (std::size_t i = 0; i < operation->arguments.size() && !declared; ++i)
             if (name == QLatin1String(operation->arguments[i].name)) {
                 declared = &operation->arguments[i];
-                read |= std::uint64_t(1) << i;
+                if (i < 64)
+                    read |= std::uint64_t(1) << i;
             }
     const auto entry = [this] {
         return QLatin1String(operation ? operation->name : "the operation");

@@ -29,7 +29,6 @@
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTableView>
-#include <QTableWidget>
 #include <chrono>
 #include <cstdio>
 #include <map>
@@ -80,7 +79,7 @@ const char* plainKind(const QWidget* w) {
     if (qobject_cast<const QComboBox*>(w))
         return "QComboBox";
     if (qobject_cast<const QAbstractItemView*>(w))
-        return "QTableWidget";
+        return "QTableView";
     if (qobject_cast<const QTabBar*>(w))
         return "QTabBar";
     if (qobject_cast<const QScrollBar*>(w))
@@ -194,7 +193,7 @@ public:
                 w = new QLineEdit(c.text, this);
             else if (kind == "QComboBox")
                 w = new QComboBox(this);
-            else if (kind == "QTableWidget")
+            else if (kind == "QTableView")
                 w = NewTable(c);
             else if (kind == "QTabBar")
                 w = new QTabBar(this);
